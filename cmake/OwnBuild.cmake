@@ -1,0 +1,26 @@
+# Warnings, sanitizers and checks of the linker for our own builds. At top level only: a host's build gets none of them.
+if(PROJECT_IS_TOP_LEVEL)
+    option(PARAMETERS_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
+    set(PARAMETERS_SANITIZE "" CACHE STRING "Sanitizers, such as address;undefined or thread")
+
+    set(parameters_compile_options -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+    if(PARAMETERS_WARNINGS_AS_ERRORS)
+        list(APPEND parameters_compile_options -Werror)
+    endif()
+    if(PARAMETERS_SANITIZE)
+        list(JOIN PARAMETERS_SANITIZE "," sanitizers)
+        list(APPEND parameters_compile_options
+            -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        set(parameters_link_options -fsanitize=${sanitizers})
+    else()
+        # Sanitized libraries leave the runtime of the sanitizer to the program.
+        set(parameters_link_options LINKER:--no-undefined)
+    endif()
+endif()
+
+function(parameters_own_build target)
+    # Also names the standard on each command line, from which clang-tidy learns it.
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    target_compile_options(${target} PRIVATE ${parameters_compile_options})
+    target_link_options(${target} PRIVATE ${parameters_link_options})
+endfunction()

@@ -1,0 +1,9 @@
+# Finds the directory of a library that consists of headers and comes without a CMake package.
+function(parameters_require_header variable header library)
+    find_path(${variable} ${header})
+    if(NOT ${variable})
+        message(FATAL_ERROR "${library} is needed: <${header}> was not found. "
+            "Install it, or set ${variable} to the directory that holds it.")
+    endif()
+    mark_as_advanced(${variable})
+endfunction()
