@@ -1,0 +1,315 @@
+#include "schema/JSON.h"
+
+#include <rapidjson/document.h>
+#include <rapidjson/reader.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <new>
+#include <utility>
+
+namespace {
+
+/// Reports exhausted memory by std::bad_alloc; the allocator that comes with RapidJSON returns null, which its parser
+/// would write to.
+class ThrowingAllocator {
+public:
+    /// Part of RapidJSON's concept of an allocator, whether or not its version at hand asks.
+    [[maybe_unused]] static constexpr bool kNeedFree = true;
+
+    static void* Malloc(std::size_t size) { return size == 0 ? nullptr : ::operator new(size); }
+
+    static void* Realloc(void* block, std::size_t oldSize, std::size_t newSize) {
+        void* moved = Malloc(newSize);
+        if (block != nullptr && moved != nullptr) {
+            std::memcpy(moved, block, std::min(oldSize, newSize));
+        }
+        Free(block);
+        return moved;
+    }
+
+    static void Free(void* block) noexcept { ::operator delete(block); }
+};
+
+using Encoding = rapidjson::UTF8<>;
+using Pool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;
+using Document = rapidjson::GenericDocument<Encoding, Pool, ThrowingAllocator>;
+using Value = rapidjson::GenericValue<Encoding, Pool>;
+using Reader = rapidjson::GenericReader<Encoding, Encoding, ThrowingAllocator>;
+using Buffer = rapidjson::GenericStringBuffer<Encoding, ThrowingAllocator>;
+using Writer = rapidjson::Writer<Buffer, Encoding, Encoding, ThrowingAllocator>;
+
+rapidjson::SizeType sizeOf(std::string_view text) { return static_cast<rapidjson::SizeType>(text.size()); }
+
+/// Hands the parser's events to the document, and stops the parser where they nest too deep or a number is too big.
+class BoundedHandler {
+public:
+    explicit BoundedHandler(Document& document) : document_(document) {}
+
+    bool Null() { return document_.Null(); }
+    bool Bool(bool value) { return document_.Bool(value); }
+    bool Int(int value) { return document_.Int(value); }
+    bool Uint(unsigned value) { return document_.Uint(value); }
+    bool Int64(std::int64_t value) { return document_.Int64(value); }
+    bool Uint64(std::uint64_t value) { return document_.Uint64(value); }
+    bool Double(double value) {
+        // RapidJSON looks at the exponent alone, so that 10e308 arrives here as infinity.
+        metTooBigNumber_ = !std::isfinite(value);
+        return !metTooBigNumber_ && document_.Double(value);
+    }
+    bool RawNumber(const char* text, rapidjson::SizeType size, bool copy) {
+        return document_.RawNumber(text, size, copy);
+    }
+    bool String(const char* text, rapidjson::SizeType size, bool copy) { return document_.String(text, size, copy); }
+    bool Key(const char* text, rapidjson::SizeType size, bool copy) { return document_.Key(text, size, copy); }
+    bool StartObject() { return ++depth_ <= JSON::maximumDepth && document_.StartObject(); }
+    bool EndObject(rapidjson::SizeType size) {
+        --depth_;
+        return document_.EndObject(size);
+    }
+    bool StartArray() { return ++depth_ <= JSON::maximumDepth && document_.StartArray(); }
+    bool EndArray(rapidjson::SizeType size) {
+        --depth_;
+        return document_.EndArray(size);
+    }
+
+    [[nodiscard]] bool metTooBigNumber() const noexcept { return metTooBigNumber_; }
+
+private:
+    Document& document_;
+    unsigned depth_ = 0;
+    bool metTooBigNumber_ = false;
+};
+
+/// Messages by RapidJSON's error code, from 1 on.
+constexpr std::array<const char*, 17> parseErrorMessages = {
+    "The document is empty.",
+    "The document root must not be followed by other values.",
+    "Invalid value.",
+    "Missing a name for an object member.",
+    "Missing a colon after the name of an object member.",
+    "Missing a comma or '}' after an object member.",
+    "Missing a comma or ']' after an array element.",
+    "Incorrect hex digit after \\\\u escape in a string.",
+    "The Unicode surrogate pair in a string is invalid.",
+    "Invalid escape character in a string.",
+    "Missing a closing quotation mark in a string.",
+    "Invalid encoding in a string.",
+    "Number too big to be stored in a double.",
+    "Missing a fractional part in a number.",
+    "Missing an exponent in a number.",
+    "Parsing was terminated.",
+    "Unspecified syntax error.",
+};
+static_assert(rapidjson::kParseErrorDocumentEmpty == 1 &&
+                  rapidjson::kParseErrorUnspecificSyntaxError == parseErrorMessages.size(),
+              "one message for each error code");
+
+const char* messageFor(rapidjson::ParseErrorCode code) {
+    const auto index = static_cast<std::size_t>(code) - 1;
+    return index < parseErrorMessages.size() ? parseErrorMessages[index] : "Unknown error.";
+}
+
+} // namespace
+
+struct JSON::Tree {
+    explicit Tree(std::shared_ptr<ExceptionFactory> factory) : exceptionFactory(std::move(factory)) {}
+
+    std::shared_ptr<ExceptionFactory> exceptionFactory;
+    ThrowingAllocator memory;
+    Pool pool{poolBlock, &memory};
+    Document document{&pool, stackSize, &memory};
+
+    static constexpr std::size_t poolBlock = 64 * 1024;
+    static constexpr std::size_t stackSize = 1024;
+};
+
+void JSON::TreeDeleter::operator()(Tree* tree) const noexcept { delete tree; }
+
+/// The JSON library's side of a handle.
+struct JSON::Access {
+    static Value& own(JSON& json) { return *std::launder(reinterpret_cast<Value*>(json.own_)); }
+
+    static const Value& value(const JSON& json) {
+        return json.viewed_ != nullptr ? *static_cast<const Value*>(json.viewed_)
+                                       : *std::launder(reinterpret_cast<const Value*>(json.own_));
+    }
+
+    /// The value of a handle that owns it, alone or in a tree.
+    static Value& value(JSON& json) { return json.tree_ ? json.tree_->document : own(json); }
+
+    static Pool& pool(const JSON& document) { return document.tree_->pool; }
+
+    static const Value* find(const JSON& json, std::string_view key) noexcept {
+        const Value& object = value(json);
+        if (!object.IsObject()) {
+            return nullptr;
+        }
+        for (auto member = object.MemberBegin(); member != object.MemberEnd(); ++member) {
+            if (key == std::string_view(member->name.GetString(), member->name.GetStringLength())) {
+                return &member->value;
+            }
+        }
+        return nullptr;
+    }
+
+    static std::string_view text(const Value& value) {
+        // The parser ends every string with a NUL, and one inside it ends it early.
+        return {value.GetString()};
+    }
+
+    static_assert(sizeof(Value) <= sizeof(JSON::own_) && alignof(Value) <= 8, "a value fits a handle");
+};
+
+JSON::JSON(std::unique_ptr<Tree, TreeDeleter> tree) noexcept
+    : viewed_(&tree->document), exceptionFactory_(tree->exceptionFactory.get()), tree_(std::move(tree)) {
+    new (own_) Value();
+}
+
+JSON::JSON(const void* viewed, const ExceptionFactory* exceptionFactory) noexcept
+    : viewed_(viewed), exceptionFactory_(exceptionFactory) {
+    new (own_) Value();
+}
+
+JSON::JSON(bool value) { new (own_) Value(value); }
+
+JSON::JSON(double value) { new (own_) Value(value); }
+
+JSON::JSON(std::int64_t value) { new (own_) Value(value); }
+
+JSON::JSON(const JSON& document, std::string_view text) {
+    new (own_) Value(text.data() == nullptr ? "" : text.data(), sizeOf(text), Access::pool(document));
+}
+
+JSON::JSON(const JSON& document, std::vector<JSON>& items) {
+    auto& array = *new (own_) Value(rapidjson::kArrayType);
+    Pool& pool = Access::pool(document);
+    array.Reserve(static_cast<rapidjson::SizeType>(items.size()), pool);
+    for (JSON& item : items) {
+        array.PushBack(Access::value(item), pool);
+    }
+}
+
+JSON::JSON(JSON&& other) noexcept
+    : viewed_(std::exchange(other.viewed_, nullptr)), exceptionFactory_(other.exceptionFactory_),
+      tree_(std::move(other.tree_)) {
+    new (own_) Value(std::move(Access::own(other)));
+}
+
+JSON& JSON::operator=(JSON&& other) noexcept {
+    if (this != &other) {
+        Access::own(*this) = std::move(Access::own(other));
+        viewed_ = std::exchange(other.viewed_, nullptr);
+        exceptionFactory_ = other.exceptionFactory_;
+        tree_ = std::move(other.tree_);
+    }
+    return *this;
+}
+
+JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text) {
+    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(std::move(exceptionFactory))));
+    rapidjson::ParseResult result;
+    auto generate = [&](Document& document) {
+        rapidjson::GenericStringStream<Encoding> stream(text.c_str());
+        BoundedHandler handler(document);
+        result = Reader().Parse<rapidjson::kParseDefaultFlags>(stream, handler);
+        if (handler.metTooBigNumber()) {
+            result.Set(rapidjson::kParseErrorNumberTooBig, result.Offset());
+        }
+        return !result.IsError();
+    };
+    json.tree_->document.Populate(generate);
+    if (result.IsError()) {
+        json.raise("JSON parsing error at offset " + std::to_string(result.Offset()) + ": " +
+                   messageFor(result.Code()));
+    }
+    return json;
+}
+
+JSON JSON::createDocument() {
+    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(nullptr)));
+    json.tree_->document.SetObject();
+    return json;
+}
+
+JSON JSON::createObject() {
+    JSON json(nullptr, nullptr);
+    Access::own(json).SetObject();
+    return json;
+}
+
+void JSON::addMember(const JSON& document, std::string_view key, JSON& value) {
+    Pool& pool = Access::pool(document);
+    Value name(key.data(), sizeOf(key), pool);
+    Access::value(*this).AddMember(name, Access::value(value), pool);
+}
+
+bool JSON::isObject() const noexcept { return Access::value(*this).IsObject(); }
+
+bool JSON::isArray() const noexcept { return Access::value(*this).IsArray(); }
+
+bool JSON::isString() const noexcept { return Access::value(*this).IsString(); }
+
+bool JSON::isBool() const noexcept { return Access::value(*this).IsBool(); }
+
+bool JSON::isNumber() const noexcept { return Access::value(*this).IsNumber(); }
+
+bool JSON::isInt64() const noexcept { return Access::value(*this).IsInt64(); }
+
+bool JSON::getBool() const { return Access::value(*this).GetBool(); }
+
+double JSON::getDouble() const { return Access::value(*this).GetDouble(); }
+
+std::int64_t JSON::getInt64() const { return Access::value(*this).GetInt64(); }
+
+std::string JSON::getString() const { return std::string(getStringView()); }
+
+std::string_view JSON::getStringView() const { return Access::text(Access::value(*this)); }
+
+std::uint32_t JSON::getSize() const {
+    const Value& value = Access::value(*this);
+    return value.IsObject() ? value.MemberCount() : value.Size();
+}
+
+bool JSON::hasMember(std::string_view key) const noexcept { return Access::find(*this, key) != nullptr; }
+
+JSON JSON::getMember(std::string_view key) const { return {Access::find(*this, key), exceptionFactory_}; }
+
+std::vector<JSON> JSON::getArray() const {
+    const Value& array = Access::value(*this);
+    std::vector<JSON> views;
+    views.reserve(array.Size());
+    for (const Value& element : array.GetArray()) {
+        views.push_back(JSON(&element, exceptionFactory_));
+    }
+    return views;
+}
+
+std::map<std::string, std::string> JSON::getStringMap() const {
+    std::map<std::string, std::string> strings;
+    for (const auto& member : Access::value(*this).GetObject()) {
+        if (!member.name.IsString()) {
+            raise("Expected a map with string keys and values, but key was not a string.");
+        }
+        if (!member.value.IsString()) {
+            raise("Expected a map with string keys and values, but value was not a string.");
+        }
+        strings[std::string(Access::text(member.name))] = Access::text(member.value);
+    }
+    return strings;
+}
+
+std::string JSON::toString() const {
+    Buffer buffer;
+    Writer writer(buffer);
+    Access::value(*this).Accept(writer);
+    return {buffer.GetString(), buffer.GetSize()};
+}
+
+void JSON::raise(const std::string& message) const {
+    std::rethrow_exception(exceptionFactory_->createException(message));
+}

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "schema/Frame.h"
+#include "schema/JSON.h"
+
+#include <Units/SchemaFormat.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Parameters {
+
+/// One entry of "constants", "properties" or "enum".
+struct SchemaMember {
+    std::string_view id;
+    JSON json;
+};
+
+/// The entries of one section, in ascending order of their ids.
+class SchemaMembers {
+public:
+    SchemaMembers() = default;
+    /// Takes members that are sorted by id and hold no id twice.
+    explicit SchemaMembers(std::vector<SchemaMember> sorted) noexcept : members_(std::move(sorted)) {}
+
+    [[nodiscard]] const JSON* find(std::string_view id) const noexcept;
+
+    [[nodiscard]] auto begin() const noexcept { return members_.begin(); }
+    [[nodiscard]] auto end() const noexcept { return members_.end(); }
+
+private:
+    std::vector<SchemaMember> members_;
+};
+
+/// The parsed frame of a schema document. Ids and views are valid as long as the root, which owns the text behind them.
+struct SchemaDocument {
+    std::string typeId;
+    /// Empty in an enumeration document, which has no base.
+    std::string_view baseSchema;
+    /// Empty in a document without "schemaSpecification".
+    std::string_view schemaType;
+    Units::SchemaFormat schemaFormat = Units::SchemaFormat::PropertySets;
+    /// From id to the member's "value" or, failing that, its "typedValue".
+    SchemaMembers constants;
+    /// From id to the whole member.
+    SchemaMembers properties;
+    /// From id to the whole member.
+    SchemaMembers enumItems;
+    JSON root;
+
+    /// Throws the message in the exception type of whoever had the document read.
+    [[noreturn]] void raise(const std::string& message) const { root.raise(message); }
+};
+
+/// Parses a text and checks the frame. All errors of it, and of the readers below, are raised through the factory.
+[[nodiscard]] SchemaDocument readSchemaDocument(std::shared_ptr<ExceptionFactory> exceptionFactory,
+                                                const std::string& text);
+
+/// What to do with the member of one key.
+template <class Handle> struct MemberHandler {
+    std::string_view key;
+    Handle handle;
+};
+template <class Handle> MemberHandler(std::string_view, Handle) -> MemberHandler<Handle>;
+
+/// Calls each handler, in the order given, whose key the section holds. Members without a handler are ignored.
+template <class... Handles> void readMembers(const SchemaMembers& section, const MemberHandler<Handles>&... handlers) {
+    const auto read = [&section](const auto& handler) {
+        if (const JSON* member = section.find(handler.key)) {
+            handler.handle(*member);
+        }
+    };
+    (read(handlers), ...);
+}
+
+/// Reads of one JSON value, each with the tests and errors of its form.
+[[nodiscard]] std::string readString(const JSON& json);
+[[nodiscard]] std::string readAnyString(const JSON& json);
+[[nodiscard]] double readNumber(const JSON& json);
+[[nodiscard]] std::int64_t readInteger(const JSON& json);
+[[nodiscard]] bool readBool(const JSON& json);
+/// The typeid of an object with a "typeid" attribute and no other.
+[[nodiscard]] std::string readTypedValue(const JSON& json);
+[[nodiscard]] std::vector<std::string> readTypedValueArray(const JSON& json);
+
+[[noreturn]] void raiseUndefinedConstant(const SchemaDocument& document, std::string_view key);
+
+/// The value of a constant, read by one of the functions above, or the default. With neither: "Schema {typeid} has an
+/// undefined {key} constant."
+template <class Result>
+[[nodiscard]] Result readConstant(const SchemaDocument& document, std::string_view key, std::optional<Result> value,
+                                  Result (*read)(const JSON&)) {
+    readMembers(document.constants, MemberHandler{key, [&](const JSON& json) { value = read(json); }});
+    if (!value) {
+        raiseUndefinedConstant(document, key);
+    }
+    return *std::move(value);
+}
+
+/// A non-empty string.
+[[nodiscard]] std::string readStringConstant(const SchemaDocument& document, std::string_view key,
+                                             std::optional<std::string> value = std::nullopt);
+/// A string that may be empty.
+[[nodiscard]] std::string readAnyStringConstant(const SchemaDocument& document, std::string_view key,
+                                                std::optional<std::string> value = std::nullopt);
+[[nodiscard]] double readNumberConstant(const SchemaDocument& document, std::string_view key,
+                                        std::optional<double> value = std::nullopt);
+[[nodiscard]] std::int64_t readIntegerConstant(const SchemaDocument& document, std::string_view key,
+                                               std::optional<std::int64_t> value = std::nullopt);
+[[nodiscard]] bool readBoolConstant(const SchemaDocument& document, std::string_view key,
+                                    std::optional<bool> value = std::nullopt);
+[[nodiscard]] std::string readTypedValueConstant(const SchemaDocument& document, std::string_view key,
+                                                 std::optional<std::string> value = std::nullopt);
+[[nodiscard]] std::vector<std::string>
+readTypedValueArrayConstant(const SchemaDocument& document, std::string_view key,
+                            std::optional<std::vector<std::string>> value = std::nullopt);
+
+/// The "typeid" attribute of a value, a non-empty string; nothing if there is no such attribute or the value is no
+/// object.
+[[nodiscard]] std::optional<std::string> readTypeIdAttribute(const JSON& json);
+
+/// The "typeid" attribute of a property.
+[[nodiscard]] std::string readPropertyTypeId(const SchemaDocument& document, std::string_view key);
+
+} // namespace Parameters
