@@ -1,0 +1,252 @@
+#include <Units/UnitsEngine.h>
+
+#include "schema/Frame.h"
+#include "schema/SchemaDocument.h"
+#include "schema/SchemaDocumentWriting.h"
+#include "schema/Text.h"
+#include "schema/Vocabulary.h"
+
+#include <Units/Exceptions.h>
+
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace Units {
+
+namespace {
+
+// For the frame of schema documents, which is compiled into this library as well.
+using namespace Parameters;
+
+constexpr std::string_view dimensionPrefix = "quovanta.unit:dimension-";
+constexpr std::string_view unitPrefix = "quovanta.unit:unit-";
+constexpr std::string_view firstDimensionPrefix = "quovanta.unit:dimension-1.";
+constexpr std::string_view firstUnitPrefix = "quovanta.unit:unit-1.";
+
+constexpr std::string_view dimensionConstant = "dimension";
+constexpr std::string_view currentDataModel = "3.0.0";
+
+class ValidationExceptionFactory final : public ExceptionFactory {
+public:
+    [[nodiscard]] std::exception_ptr createException(const std::string& message) const override {
+        return std::make_exception_ptr(ValidationException(message));
+    }
+};
+
+enum class Kind { Dimension, Unit };
+
+/// What a document says, beside its typeid.
+struct Item {
+    Kind kind;
+    SchemaFormat format;
+    std::string baseSchema;
+    std::string name;
+    /// Only ever set in a unit.
+    std::optional<std::string> dimension;
+    std::string text;
+};
+
+Kind kindOf(const SchemaDocument& document) {
+    if (containsPrefix(document.baseSchema, dimensionPrefix)) {
+        return Kind::Dimension;
+    }
+    if (containsPrefix(document.baseSchema, unitPrefix)) {
+        return Kind::Unit;
+    }
+    document.raise(joined({"Schema ", document.typeId, " does not represent a unit or a dimension."}));
+}
+
+Item readItem(const SchemaDocument& document, const std::string& text) {
+    const Kind kind = kindOf(document);
+    Item item{kind, document.schemaFormat, std::string(document.baseSchema), {}, {}, text};
+    item.name = readStringConstant(document, Frame::name);
+    if (kind == Kind::Unit) {
+        readMembers(document.constants,
+                    MemberHandler{dimensionConstant, [&](const JSON& json) { item.dimension = readTypedValue(json); }});
+    }
+    return item;
+}
+
+/// The document of an item for readers that don't know "schemaSpecification".
+std::string writeDowngraded(const std::string& typeId, const Item& item) {
+    JSON target = JSON::createDocument();
+    addString(target, target, Frame::downgradedFrom, currentDataModel);
+    addShortFrame(target, typeId, item.baseSchema);
+    std::vector<JSON> constants;
+    constants.push_back(createNameMember(target, item.name, false));
+    if (item.dimension) {
+        constants.push_back(createTypedValueMember(target, dimensionConstant, *item.dimension));
+    }
+    addConstants(target, constants);
+    return target.toString();
+}
+
+/// Lowest and highest format. Only the first versions of the base schemas are known to older readers.
+std::pair<SchemaFormat, SchemaFormat> formatRange(const Item& item) {
+    const bool isOld = item.format == SchemaFormat::PropertySets ||
+                       containsPrefix(item.baseSchema, firstDimensionPrefix) ||
+                       containsPrefix(item.baseSchema, firstUnitPrefix);
+    return {isOld ? SchemaFormat::PropertySets : SchemaFormat::LumarDataSchema, item.format};
+}
+
+void addIfUnit(std::map<std::string, Unit>& units, const std::string& typeId, const Item& item) {
+    if (item.kind == Kind::Unit) {
+        units.emplace(typeId, Unit(typeId, item.name, item.dimension));
+    }
+}
+
+[[noreturn]] void throwUnknown(const std::string& typeId) {
+    throw UnrecognizedIdentifierException(joined({"Could not find any object with typeid ", typeId, "."}));
+}
+
+} // namespace
+
+struct UnitsEngine::Impl {
+    /// Pending and finished ones. A hash map, because hosts ask for every typeid of theirs whether it is one of these.
+    std::unordered_map<std::string, Item> items;
+    std::set<std::string> pending;
+    /// Those of the finished items that are units.
+    std::map<std::string, Unit> units;
+
+    [[nodiscard]] const Item* find(const std::string& typeId) const {
+        const auto found = items.find(typeId);
+        return found != items.end() ? &found->second : nullptr;
+    }
+
+    [[nodiscard]] bool isPending(const std::string& typeId) const { return pending.count(typeId) != 0; }
+
+    [[nodiscard]] bool isDimension(const std::string& typeId) const {
+        const Item* item = find(typeId);
+        return item != nullptr && item->kind == Kind::Dimension;
+    }
+
+    [[nodiscard]] const Item& getFinished(const std::string& typeId) const {
+        const Item* item = find(typeId);
+        if (item == nullptr || isPending(typeId)) {
+            throwUnknown(typeId);
+        }
+        return *item;
+    }
+
+    // In both, what can fail comes first; the merge at the end only hands over a node.
+
+    void insertPending(const std::string& typeId, Item item) {
+        std::set<std::string> added{typeId};
+        items.emplace(typeId, std::move(item));
+        pending.merge(added);
+    }
+
+    void insertFinished(const std::string& typeId, Item item) {
+        std::map<std::string, Unit> added;
+        addIfUnit(added, typeId, item);
+        items.emplace(typeId, std::move(item));
+        units.merge(added);
+    }
+
+    void dropPending() noexcept {
+        for (const std::string& typeId : pending) {
+            items.erase(typeId);
+        }
+        pending.clear();
+    }
+};
+
+UnitsEngine::UnitsEngine() : impl_(std::make_unique<Impl>()) {}
+
+UnitsEngine::UnitsEngine(const UnitsEngine& other) : impl_(std::make_unique<Impl>(*other.impl_)) {}
+
+UnitsEngine::UnitsEngine(UnitsEngine&& other) noexcept = default;
+
+UnitsEngine& UnitsEngine::operator=(const UnitsEngine& other) {
+    impl_ = std::make_unique<Impl>(*other.impl_);
+    return *this;
+}
+
+UnitsEngine& UnitsEngine::operator=(UnitsEngine&& other) noexcept = default;
+
+UnitsEngine::~UnitsEngine() = default;
+
+std::set<std::string> UnitsEngine::registerSchema(const std::string& schemaText) {
+    const SchemaDocument document = readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText);
+    if (isRegistered(document.typeId)) {
+        document.raise(joined({"Schema with typeid ", document.typeId, " is already registered."}));
+    }
+    Item item = readItem(document, schemaText);
+    std::set<std::string> unknown;
+    if (item.dimension && *item.dimension != document.typeId && !isRegistered(*item.dimension)) {
+        unknown.insert(*item.dimension);
+    }
+    impl_->insertPending(document.typeId, std::move(item));
+    return unknown;
+}
+
+void UnitsEngine::resolveSchemas() {
+    std::map<std::string, Unit> resolved;
+    for (const std::string& typeId : impl_->pending) {
+        const Item& item = impl_->items.at(typeId);
+        if (item.dimension && !impl_->isDimension(*item.dimension)) {
+            const ValidationException missing(
+                joined({"Dependency ", *item.dimension, " in schema ", typeId,
+                        " is missing or does not represent an object of the expected type."}));
+            impl_->dropPending();
+            throw missing;
+        }
+        addIfUnit(resolved, typeId, item);
+    }
+    impl_->units.merge(resolved);
+    impl_->pending.clear();
+}
+
+void UnitsEngine::copyItem(const std::string& typeId, const UnitsEngine& source) {
+    if (isRegistered(typeId)) {
+        return;
+    }
+    const Item* item = source.impl_->find(typeId);
+    if (item == nullptr) {
+        throwUnknown(typeId);
+    }
+    const auto& dimension = item->dimension;
+    if (dimension && source.impl_->isDimension(*dimension)) {
+        copyItem(*dimension, source);
+    }
+    if (source.impl_->isPending(typeId)) {
+        impl_->insertPending(typeId, *item);
+    } else {
+        impl_->insertFinished(typeId, *item);
+    }
+}
+
+bool UnitsEngine::isRegistered(const std::string& typeId) const { return impl_->find(typeId) != nullptr; }
+
+const std::map<std::string, Unit>& UnitsEngine::getAllUnits() const { return impl_->units; }
+
+Unit UnitsEngine::getUnit(const std::string& typeId) const {
+    const auto found = impl_->units.find(typeId);
+    if (found == impl_->units.end()) {
+        throwUnknown(typeId);
+    }
+    return found->second;
+}
+
+std::set<std::string> UnitsEngine::getDependencies(const std::string& typeId) const {
+    const auto& dimension = impl_->getFinished(typeId).dimension;
+    return dimension ? std::set<std::string>{*dimension} : std::set<std::string>{};
+}
+
+std::string UnitsEngine::getSchema(const std::string& typeId) const { return impl_->getFinished(typeId).text; }
+
+std::pair<SchemaFormat, SchemaFormat> UnitsEngine::getCompatibleSchemaFormatRange(const std::string& typeId) const {
+    return formatRange(impl_->getFinished(typeId));
+}
+
+std::string UnitsEngine::getSchemaInFormat(const std::string& typeId, SchemaFormat format) const {
+    const Item& item = impl_->getFinished(typeId);
+    const auto [lowest, highest] = formatRange(item);
+    if (format < lowest || format > highest) {
+        throw ValidationException("Cannot represent schema in requested format.");
+    }
+    return format == item.format ? item.text : writeDowngraded(typeId, item);
+}
+
+} // namespace Units
