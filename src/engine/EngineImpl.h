@@ -1,0 +1,35 @@
+#pragma once
+
+#include "engine/LookupScope.h"
+#include "engine/Registry.h"
+
+#include <Parameters/ParametersEngine.h>
+#include <Units/UnitsEngine.h>
+
+#include <string>
+
+namespace Parameters {
+
+/// Everything that an engine knows.
+struct EngineImpl {
+    /// What the engine has accepted for itself. All getters read this and nothing else.
+    Registry primary;
+    /// Finished objects copied from other engines, until the next resolution takes them over.
+    Registry imported;
+    Units::UnitsEngine units;
+
+    [[nodiscard]] bool isRegistered(const std::string& typeId) const {
+        const TypeIdKey key(typeId);
+        return isBuiltInTypeId(typeId) || primary.contains(key) || imported.contains(key) || units.isRegistered(typeId);
+    }
+
+    /// The check of everything that is about to be taken in. Imported objects may be registered over.
+    void requireUnregistered(const std::string& typeId) const {
+        primary.requireAbsent(typeId);
+        if (isBuiltInTypeId(typeId) || units.isRegistered(typeId)) {
+            Registry::raiseAlreadyRegistered(typeId);
+        }
+    }
+};
+
+} // namespace Parameters

@@ -1,0 +1,76 @@
+#include <Parameters/ParametersEngine.h>
+
+#include "engine/EngineImpl.h"
+#include "taxonomy/DefaultTaxa.h"
+
+namespace Parameters {
+
+namespace {
+
+template <class Kind> std::map<std::string, typename Kind::Object> allObjects(const Registry& registry) {
+    std::map<std::string, typename Kind::Object> objects;
+    for (const auto* entry : registry.store<Kind>().finished.sorted()) {
+        objects.emplace_hint(objects.end(), entry->typeId, entry->value.object);
+    }
+    return objects;
+}
+
+} // namespace
+
+ParametersEngine::ParametersEngine() : impl_(std::make_unique<EngineImpl>()) {}
+
+ParametersEngine::ParametersEngine(const ParametersEngine& other) : impl_(std::make_unique<EngineImpl>(*other.impl_)) {}
+
+ParametersEngine::ParametersEngine(ParametersEngine&& other) noexcept = default;
+
+ParametersEngine& ParametersEngine::operator=(const ParametersEngine& other) {
+    if (this == &other) {
+        return *this;
+    }
+    auto copy = std::make_unique<EngineImpl>(*other.impl_);
+    if (impl_) {
+        // Not replaced as a whole: the units engine may be referred to.
+        *impl_ = std::move(*copy);
+    } else {
+        impl_ = std::move(copy);
+    }
+    return *this;
+}
+
+ParametersEngine& ParametersEngine::operator=(ParametersEngine&& other) noexcept = default;
+
+ParametersEngine::~ParametersEngine() = default;
+
+std::map<std::string, Taxon> ParametersEngine::getAllDisciplines() const {
+    return allObjects<DisciplineKind>(impl_->primary);
+}
+
+std::map<std::string, Taxon> ParametersEngine::getAllDomains() const { return allObjects<DomainKind>(impl_->primary); }
+
+std::map<std::string, Taxon> ParametersEngine::getAllGroups() const { return allObjects<GroupKind>(impl_->primary); }
+
+Taxon ParametersEngine::getDiscipline(const std::string& typeId) const {
+    if (containsPrefix(typeId, Vocabulary::discipline.prefix)) {
+        return DefaultTaxa::disciplines().withTypeId(typeId);
+    }
+    return impl_->primary.store<DisciplineKind>().lookupObject(typeId);
+}
+
+Taxon ParametersEngine::getDomain(const std::string& typeId) const {
+    return impl_->primary.store<DomainKind>().lookupObject(typeId);
+}
+
+Taxon ParametersEngine::getGroup(const std::string& typeId) const {
+    if (containsPrefix(typeId, Vocabulary::group.prefix)) {
+        return DefaultTaxa::groups().withTypeId(typeId);
+    }
+    return impl_->primary.store<GroupKind>().lookupObject(typeId);
+}
+
+bool ParametersEngine::isRegistered(const std::string& typeId) const { return impl_->isRegistered(typeId); }
+
+Units::UnitsEngine& ParametersEngine::getUnitsEngine() { return impl_->units; }
+
+const Units::UnitsEngine& ParametersEngine::getUnitsEngine() const { return impl_->units; }
+
+} // namespace Parameters

@@ -1,0 +1,67 @@
+#include "engine/EngineImpl.h"
+#include "schema/UnitsErrors.h"
+
+#include <utility>
+
+namespace Parameters {
+
+namespace {
+
+/// Takes everything pending out of the registry.
+Registry stagePending(Registry& primary) noexcept {
+    Registry staged;
+    AllKinds::forEach([&](auto kind) {
+        using Kind = decltype(kind);
+        staged.store<Kind>().pending = std::exchange(primary.store<Kind>().pending, {});
+    });
+    return staged;
+}
+
+/// Makes the objects of one kind, in the order of their typeids. None depends on another of its kind.
+template <class Kind> void resolveStage(KindStore<Kind>& staged, const LookupScope& scope) {
+    auto pending = std::exchange(staged.pending, {});
+    staged.finished.reserveMore(pending.size());
+    for (auto* entry : pending.sorted()) {
+        auto object = Kind::resolve(entry->typeId, std::move(entry->value.body), scope);
+        staged.finished.insert(std::move(entry->typeId), {std::move(object), std::move(entry->value.text)});
+    }
+}
+
+void reserveFor(Registry& target, const Registry& first, const Registry& second) {
+    AllKinds::forEach([&](auto kind) {
+        using Kind = decltype(kind);
+        target.store<Kind>().finished.reserveMore(first.store<Kind>().finished.size() +
+                                                  second.store<Kind>().finished.size());
+    });
+}
+
+/// Moves finished objects, with their texts, into the target unless it knows the typeid, of whatever kind. The target
+/// has room, so nothing can fail half-way.
+void mergeFinished(Registry& target, Registry& source) noexcept {
+    AllKinds::forEach([&](auto kind) {
+        using Kind = decltype(kind);
+        for (auto& entry : source.store<Kind>().finished) {
+            if (!target.contains(entry.typeId)) {
+                target.store<Kind>().finished.insert(std::move(entry.typeId), std::move(entry.value));
+            }
+        }
+    });
+}
+
+} // namespace
+
+void ParametersEngine::resolveSchemas() {
+    Registry& primary = impl_->primary;
+    Registry importedBatch = std::exchange(impl_->imported, {});
+    withUnitsValidation([&] {
+        impl_->units.resolveSchemas();
+        Registry staged = stagePending(primary);
+        const LookupScope scope(impl_->units, primary, staged, importedBatch);
+        ResolutionOrder::forEach([&](auto kind) { resolveStage(staged.store<decltype(kind)>(), scope); });
+        reserveFor(primary, staged, importedBatch);
+        mergeFinished(primary, staged);
+    });
+    mergeFinished(primary, importedBatch);
+}
+
+} // namespace Parameters

@@ -1,0 +1,133 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace Parameters {
+
+/// Keyed by where the library was loaded, so that a document can't choose typeids that collide.
+[[nodiscard]] std::uint32_t hashOfTypeId(std::string_view typeId) noexcept;
+
+/// A typeid with its hash, which serves the look-ups in several maps.
+struct TypeIdKey {
+    // Implicit, so that a typeid can be looked up as it is.
+    TypeIdKey(std::string_view key) noexcept : typeId(key), hash(hashOfTypeId(key)) {}
+    TypeIdKey(const std::string& key) noexcept : TypeIdKey(std::string_view(key)) {}
+
+    std::string_view typeId;
+    std::uint32_t hash;
+};
+
+/// Map from typeid to value that only grows: entries stand in the order of insertion, a hash index beside them finds
+/// them, and the order by typeid is worked out by whoever needs it.
+template <class Value> class TypeIdMap {
+public:
+    struct Entry {
+        std::string typeId;
+        Value value;
+    };
+
+    [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
+    [[nodiscard]] bool empty() const noexcept { return entries_.empty(); }
+    [[nodiscard]] auto begin() noexcept { return entries_.begin(); }
+    [[nodiscard]] auto end() noexcept { return entries_.end(); }
+    [[nodiscard]] auto begin() const noexcept { return entries_.begin(); }
+    [[nodiscard]] auto end() const noexcept { return entries_.end(); }
+
+    [[nodiscard]] const Value* find(const TypeIdKey& key) const noexcept {
+        if (entries_.empty()) {
+            return nullptr;
+        }
+        for (std::size_t i = key.hash & mask();; i = (i + 1) & mask()) {
+            const Slot& slot = slots_[i];
+            if (slot.entry == vacant) {
+                return nullptr;
+            }
+            if (slot.hash == key.hash && entries_[slot.entry].typeId == key.typeId) {
+                return &entries_[slot.entry].value;
+            }
+        }
+    }
+    [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return find(key) != nullptr; }
+
+    /// Makes room for that many further entries, so that inserting them can't fail.
+    void reserveMore(std::size_t count) {
+        static_assert(std::is_nothrow_move_constructible_v<Value>, "what was reserved must not fail");
+        const std::size_t needed = entries_.size() + count;
+        if (needed > entries_.capacity()) {
+            entries_.reserve(std::max(needed, 2 * entries_.capacity()));
+        }
+        if (2 * needed > slots_.size()) {
+            rehash(needed);
+        }
+    }
+
+    /// Adds an entry; the map must not hold the typeid yet. Without room reserved it may fail and then changes nothing.
+    void insert(std::string typeId, Value value) {
+        reserveMore(1);
+        const std::uint32_t hash = hashOfTypeId(typeId);
+        entries_.push_back(Entry{std::move(typeId), std::move(value)});
+        place(slots_, Slot{hash, static_cast<std::uint32_t>(entries_.size() - 1)});
+    }
+
+    /// The entries in ascending order of their typeids, as unsigned bytes.
+    [[nodiscard]] std::vector<Entry*> sorted() { return sortedEntries<Entry>(entries_); }
+    [[nodiscard]] std::vector<const Entry*> sorted() const { return sortedEntries<const Entry>(entries_); }
+
+private:
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t entry = vacant;
+    };
+    static constexpr std::uint32_t vacant = 0xFFFFFFFF;
+
+    [[nodiscard]] std::size_t mask() const noexcept { return slots_.size() - 1; }
+
+    /// The number of slots is a power of two, and at most half of them are taken.
+    void rehash(std::size_t needed) {
+        std::size_t count = 8;
+        while (count < 2 * needed) {
+            count *= 2;
+        }
+        std::vector<Slot> slots(count);
+        for (const Slot& slot : slots_) {
+            if (slot.entry != vacant) {
+                place(slots, slot);
+            }
+        }
+        slots_ = std::move(slots);
+    }
+
+    static void place(std::vector<Slot>& slots, Slot taken) noexcept {
+        std::size_t i = taken.hash & (slots.size() - 1);
+        while (slots[i].entry != vacant) {
+            i = (i + 1) & (slots.size() - 1);
+        }
+        slots[i] = taken;
+    }
+
+    template <class AnyEntry, class Entries> static std::vector<AnyEntry*> sortedEntries(Entries& entries) {
+        std::vector<AnyEntry*> order;
+        order.reserve(entries.size());
+        for (AnyEntry& entry : entries) {
+            order.push_back(&entry);
+        }
+        const auto byTypeId = [](const Entry* left, const Entry* right) { return left->typeId < right->typeId; };
+        // Catalogs often come in this order already.
+        if (!std::is_sorted(order.begin(), order.end(), byTypeId)) {
+            std::sort(order.begin(), order.end(), byTypeId);
+        }
+        return order;
+    }
+
+    std::vector<Entry> entries_;
+    std::vector<Slot> slots_;
+};
+
+} // namespace Parameters

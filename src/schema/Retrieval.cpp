@@ -1,0 +1,91 @@
+#include "engine/EngineImpl.h"
+#include "schema/Frame.h"
+#include "schema/SchemaDocumentWriting.h"
+#include "schema/UnitsErrors.h"
+
+#include <optional>
+#include <utility>
+
+namespace Parameters {
+
+namespace {
+
+/// Writes an object for a version in which it can be represented, marked if that is older than its own.
+template <class Kind>
+std::string writtenText(const typename Kind::Object& object, const Conversion& conversion, DataModelVersion version) {
+    if (!conversion.representable.contains(version)) {
+        raiseNotRepresentable();
+    }
+    JSON document = JSON::createDocument();
+    if (version < conversion.natural.lowest) {
+        addString(document, document, Frame::downgradedFrom, versionText(conversion.natural.lowest));
+    }
+    Kind::write(object, document, version);
+    return document.toString();
+}
+
+/// The one algorithm behind the texts of all kinds.
+template <class Kind>
+std::string compatibleText(const typename Kind::Object& object, const std::optional<std::string>& registeredText,
+                           DataModelVersion version) {
+    const Conversion conversion = Kind::conversionOf(object);
+    if (registeredText && conversion.representable.contains(version) && conversion.natural.contains(version)) {
+        return *registeredText;
+    }
+    return writtenText<Kind>(object, conversion, version);
+}
+
+Units::SchemaFormat unitsFormatFor(DataModelVersion version) noexcept {
+    return version == DataModelVersion::V3 ? Units::SchemaFormat::LumarDataSchema : Units::SchemaFormat::PropertySets;
+}
+
+} // namespace
+
+std::string ParametersEngine::getSchema(const std::string& typeId) const {
+    std::string text;
+    const bool found = impl_->primary.visitFinished(typeId, [&](auto kind, const auto& item) {
+        using Kind = decltype(kind);
+        if (item.text) {
+            text = *item.text;
+        } else {
+            const Conversion conversion = Kind::conversionOf(item.object);
+            text = writtenText<Kind>(item.object, conversion, conversion.natural.highest);
+        }
+    });
+    if (found) {
+        return text;
+    }
+    return askUnits(typeId, [&] { return impl_->units.getSchema(typeId); });
+}
+
+std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion version, const std::string& typeId) const {
+    std::string text;
+    const bool found = impl_->primary.visitFinished(typeId, [&](auto kind, const auto& item) {
+        text = compatibleText<decltype(kind)>(item.object, item.text, version);
+    });
+    if (found) {
+        return text;
+    }
+    return withUnitsValidation([&] {
+        return askUnits(typeId, [&] { return impl_->units.getSchemaInFormat(typeId, unitsFormatFor(version)); });
+    });
+}
+
+std::pair<DataModelVersion, DataModelVersion>
+ParametersEngine::getCompatibleDataModelRange(const std::string& typeId) const {
+    std::pair<DataModelVersion, DataModelVersion> range;
+    const bool found = impl_->primary.visitFinished(typeId, [&](auto kind, const auto& item) {
+        const VersionRange versions = decltype(kind)::conversionOf(item.object).representable;
+        range = {versions.lowest, versions.highest};
+    });
+    if (found) {
+        return range;
+    }
+    const auto [lowest, highest] =
+        askUnits(typeId, [&] { return impl_->units.getCompatibleSchemaFormatRange(typeId); });
+    using V = DataModelVersion;
+    return {lowest > Units::SchemaFormat::PropertySets ? V::V3 : V::V1,
+            highest == Units::SchemaFormat::LumarDataSchema ? V::V3 : V::V2};
+}
+
+} // namespace Parameters

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "schema/Text.h"
+
+#include <Parameters/Exceptions.h>
+#include <Units/Exceptions.h>
+
+#include <string_view>
+
+namespace Parameters {
+
+// What the units library throws must not reach a host in the units library's own types.
+
+/// The answer to a typeid that neither this library nor the units library knows.
+[[noreturn]] inline void raiseUnknownTypeId(std::string_view typeId) {
+    throw UnrecognizedIdentifierException(joined({"Could not find any object with typeid ", typeId, "."}));
+}
+
+/// Asks the units library about a typeid that it may not know.
+template <class Ask> auto askUnits(std::string_view typeId, Ask ask) {
+    try {
+        return ask();
+    } catch (const Units::UnrecognizedIdentifierException&) {
+        raiseUnknownTypeId(typeId);
+    }
+}
+
+/// Makes a call in which the units library may find a schema invalid.
+template <class Call> auto withUnitsValidation(Call call) {
+    try {
+        return call();
+    } catch (const Units::ValidationException& exception) {
+        throw ValidationException(exception.what());
+    }
+}
+
+} // namespace Parameters

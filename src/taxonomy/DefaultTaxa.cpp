@@ -1,0 +1,34 @@
+#include "taxonomy/DefaultTaxa.h"
+
+#include "taxonomy/TaxonData.h"
+
+namespace Parameters {
+
+DefaultTaxa::DefaultTaxa(const BaseSchemas& family, std::string_view name)
+    : propertySets_(std::string(family.shortFrame), std::string(name), Units::SchemaFormat::PropertySets),
+      lumarDataSchema_(std::string(family.fullFrame), std::string(name), Units::SchemaFormat::LumarDataSchema) {}
+
+const DefaultTaxa& DefaultTaxa::disciplines() {
+    static const DefaultTaxa taxa(Vocabulary::discipline, Vocabulary::defaultDisciplineName);
+    return taxa;
+}
+
+const DefaultTaxa& DefaultTaxa::groups() {
+    static const DefaultTaxa taxa(Vocabulary::group, Vocabulary::defaultGroupName);
+    return taxa;
+}
+
+const Taxon& DefaultTaxa::ofFormat(Units::SchemaFormat format) const noexcept {
+    return format == Units::SchemaFormat::LumarDataSchema ? lumarDataSchema_ : propertySets_;
+}
+
+Taxon DefaultTaxa::withTypeId(const std::string& typeId) const {
+    for (const Taxon* taxon : {&propertySets_, &lumarDataSchema_}) {
+        if (typeIdOf(*taxon) == typeId) {
+            return *taxon;
+        }
+    }
+    return {typeId, Internals::dataOf(propertySets_).name, Units::SchemaFormat::PropertySets};
+}
+
+} // namespace Parameters

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "schema/Vocabulary.h"
+
+#include <Parameters/Taxon.h>
+
+#include <string>
+#include <string_view>
+
+namespace Parameters {
+
+/// The taxa that the typeids of a base schema stand for without being registered. Most specs and parameters have one,
+/// so those of the current versions are made once and shared.
+class DefaultTaxa {
+public:
+    [[nodiscard]] static const DefaultTaxa& disciplines();
+    [[nodiscard]] static const DefaultTaxa& groups();
+
+    [[nodiscard]] const Taxon& ofFormat(Units::SchemaFormat format) const noexcept;
+
+    /// The default taxon under a typeid of the family; its format is that which goes with the typeid.
+    [[nodiscard]] Taxon withTypeId(const std::string& typeId) const;
+
+private:
+    DefaultTaxa(const BaseSchemas& family, std::string_view name);
+
+    Taxon propertySets_;
+    Taxon lumarDataSchema_;
+};
+
+} // namespace Parameters

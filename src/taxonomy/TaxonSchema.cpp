@@ -1,0 +1,30 @@
+#include "taxonomy/TaxonSchema.h"
+
+#include "schema/VersionedFrame.h"
+#include "taxonomy/TaxonData.h"
+
+#include <utility>
+#include <vector>
+
+namespace Parameters {
+
+std::optional<TaxonSchema> readTaxonSchema(const BaseSchemas& family, const SchemaDocument& document) {
+    if (!containsPrefix(document.baseSchema, family.prefix)) {
+        return std::nullopt;
+    }
+    return TaxonSchema{readStringConstant(document, Frame::name), document.schemaFormat};
+}
+
+Taxon resolveTaxon(const std::string& typeId, TaxonSchema schema) {
+    return Internals::make<Taxon>(typeId, std::move(schema.name), schema.format);
+}
+
+void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSON& target, DataModelVersion version) {
+    const auto& data = Internals::dataOf(taxon);
+    const bool typed = addVersionedFrame(target, data.typeId, family, data.schemaFormat, version);
+    std::vector<JSON> members;
+    members.push_back(createNameMember(target, data.name, typed));
+    addConstants(target, members);
+}
+
+} // namespace Parameters
