@@ -1,0 +1,118 @@
+#include "taxonomy/CategorySchema.h"
+
+#include "schema/VersionedFrame.h"
+#include "taxonomy/CategoryData.h"
+#include "taxonomy/TaxonData.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace Parameters {
+
+namespace {
+
+MajorCategorySchema readMajorCategorySchema(const SchemaDocument& document) {
+    MajorCategorySchema schema;
+    schema.name = readStringConstant(document, Frame::name);
+    schema.disciplines = readTypedValueArrayConstant(document, "disciplines", std::vector<std::string>());
+    schema.domain = readTypedValueConstant(document, "domain");
+    schema.format = document.schemaFormat;
+    return schema;
+}
+
+SubCategorySchema readSubCategorySchema(const SchemaDocument& document) {
+    SubCategorySchema schema;
+    schema.name = readStringConstant(document, Frame::name);
+    schema.parent = readTypedValueConstant(document, "parent");
+    schema.format = document.schemaFormat;
+    return schema;
+}
+
+std::vector<std::string> typeIdsOf(const std::vector<Taxon>& taxa) {
+    std::vector<std::string> typeIds;
+    typeIds.reserve(taxa.size());
+    for (const Taxon& taxon : taxa) {
+        typeIds.push_back(typeIdOf(taxon));
+    }
+    return typeIds;
+}
+
+} // namespace
+
+std::optional<CategorySchema> readCategorySchema(const SchemaDocument& document) {
+    if (containsPrefix(document.baseSchema, Vocabulary::majorCategory.prefix)) {
+        return readMajorCategorySchema(document);
+    }
+    if (containsPrefix(document.baseSchema, Vocabulary::subCategory.prefix)) {
+        return readSubCategorySchema(document);
+    }
+    return std::nullopt;
+}
+
+Category resolveCategory(const std::string& typeId, CategorySchema schema, const StoreList<Taxon>& disciplineStores,
+                         const StoreList<Taxon>& domainStores) {
+    if (auto* sub = std::get_if<SubCategorySchema>(&schema)) {
+        return Internals::make<Category>(typeId, std::move(sub->name), SubCategoryComponent(sub->parent), sub->format);
+    }
+    auto& major = std::get<MajorCategorySchema>(schema);
+    std::vector<Taxon> disciplines;
+    disciplines.reserve(major.disciplines.size());
+    for (const std::string& discipline : major.disciplines) {
+        disciplines.push_back(findDependency(disciplineStores, typeId, discipline));
+    }
+    const Taxon domain = findDependency(domainStores, typeId, major.domain);
+    return Internals::make<Category>(typeId, std::move(major.name), MajorCategoryComponent(domain, disciplines),
+                                     major.format);
+}
+
+void writeCategorySchema(const Category& category, JSON& target, DataModelVersion version) {
+    const auto& data = Internals::dataOf(category);
+    const auto* major = std::get_if<MajorCategoryComponent>(&data.component);
+    const BaseSchemas& bases = major != nullptr ? Vocabulary::majorCategory : Vocabulary::subCategory;
+    const bool typed = addVersionedFrame(target, data.typeId, bases, data.schemaFormat, version);
+    std::vector<JSON> members;
+    members.push_back(createNameMember(target, data.name, typed));
+    if (major == nullptr) {
+        members.push_back(createTypedValueMember(target, "parent", *parentOf(category)));
+    } else {
+        members.push_back(createTypedValueMember(target, "domain", typeIdOf(Internals::domainOf(*major))));
+        const std::vector<Taxon>& disciplines = Internals::disciplinesOf(*major);
+        if (!disciplines.empty()) {
+            members.push_back(createTypedValueArrayMember(target, "disciplines", typeIdsOf(disciplines)));
+        }
+    }
+    addConstants(target, members);
+}
+
+TypeIdViews dependenciesOfCategorySchema(const CategorySchema& schema) {
+    if (const auto* sub = std::get_if<SubCategorySchema>(&schema)) {
+        return {sub->parent};
+    }
+    const auto& major = std::get<MajorCategorySchema>(schema);
+    TypeIdViews typeIds(major.disciplines.begin(), major.disciplines.end());
+    typeIds.push_back(major.domain);
+    return typeIds;
+}
+
+void dependenciesOfCategory(const Category& category, std::set<std::string>& result,
+                            const ObjectMap<Category>& categoryStore) {
+    const Category* major = &category;
+    if (const std::string* parent = parentOf(category)) {
+        result.insert(*parent);
+        const auto* item = categoryStore.find(*parent);
+        if (item == nullptr) {
+            throw std::out_of_range("Could not find parent category with typeid " + *parent + ".");
+        }
+        if (!isMajor(item->object)) {
+            raiseParentNotMajor(*parent, typeIdOf(category));
+        }
+        major = &item->object;
+    }
+    const auto& component = std::get<MajorCategoryComponent>(Internals::dataOf(*major).component);
+    result.insert(typeIdOf(Internals::domainOf(component)));
+    for (const Taxon& discipline : Internals::disciplinesOf(component)) {
+        result.insert(typeIdOf(discipline));
+    }
+}
+
+} // namespace Parameters

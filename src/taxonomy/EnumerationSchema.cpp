@@ -1,0 +1,107 @@
+#include "taxonomy/EnumerationSchema.h"
+
+#include "schema/Text.h"
+#include "schema/VersionedFrame.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace Parameters {
+
+namespace {
+
+/// The items of an enumeration document, or null if the document is none. Each format has its own form.
+const SchemaMembers* findItems(const SchemaDocument& document) {
+    if (document.schemaFormat == Units::SchemaFormat::LumarDataSchema) {
+        return document.schemaType == Frame::enumType ? &document.enumItems : nullptr;
+    }
+    return isExactly(document.baseSchema, Vocabulary::enumeration) ? &document.properties : nullptr;
+}
+
+/// The spec that the member "spec" of an enumeration parameter names: by the member's own "typeid" if it has a value.
+std::string readSpecMember(const SchemaDocument& document, const JSON& member) {
+    if (!member.hasMember(Frame::value)) {
+        return readTypedValue(member.getMember(Frame::typedValue));
+    }
+    const JSON value = member.getMember(Frame::value);
+    if (!value.isObject() || value.getSize() != 0) {
+        document.raise(joined(
+            {"Value of spec constant in enumeration parameter schema ", document.typeId, " must be an empty object."}));
+    }
+    auto spec = readTypeIdAttribute(member);
+    if (!spec) {
+        document.raise(joined({"Spec constant in enumeration parameter schema ", document.typeId,
+                               " must specify a nonempty typeid string."}));
+    }
+    return *std::move(spec);
+}
+
+} // namespace
+
+std::optional<EnumerationSchema> readEnumerationSchema(const SchemaDocument& document) {
+    const SchemaMembers* items = findItems(document);
+    if (items == nullptr) {
+        return std::nullopt;
+    }
+    EnumerationSchema schema{{}, document.schemaFormat};
+    for (const auto& [id, item] : *items) {
+        if (id.empty()) {
+            document.raise(joined({"ID of value in enumeration schema ", document.typeId, " must not be empty."}));
+        }
+        const JSON number = item.getMember(Frame::value);
+        if (!number.isInt64()) {
+            document.raise(
+                joined({"Value ", id, " in enumeration schema ", document.typeId, " must specify an integer value."}));
+        }
+        schema.values.emplace_back(id, number.getInt64());
+    }
+    if (schema.values.empty()) {
+        document.raise(joined({"Enumeration schema ", document.typeId, " must specify at least one value."}));
+    }
+    // Stable: values with one number stay in the order of their ids.
+    std::stable_sort(schema.values.begin(), schema.values.end(),
+                     [](const auto& left, const auto& right) { return left.second < right.second; });
+    return schema;
+}
+
+Enumeration resolveEnumeration(const std::string& typeId, EnumerationSchema schema) {
+    return Internals::make<Enumeration>(typeId, std::move(schema.values), schema.format);
+}
+
+void writeEnumerationSchema(const Enumeration& enumeration, JSON& target, DataModelVersion version) {
+    const auto& data = Internals::dataOf(enumeration);
+    const bool current = usesFullFrame(data.schemaFormat, version);
+    if (current) {
+        addSchemaHeader(target, Frame::enumType);
+        addTypeId(target, data.typeId);
+    } else {
+        addShortFrame(target, data.typeId, Vocabulary::enumeration);
+    }
+    std::vector<JSON> members;
+    members.reserve(data.values.size());
+    for (const auto& [id, number] : data.values) {
+        members.push_back(createInt64Member(target, id, number, false));
+    }
+    if (current) {
+        addEnumItems(target, members);
+    } else {
+        addProperties(target, members);
+    }
+}
+
+EnumerationParameterSchema readEnumerationParameterSchema(const SchemaDocument& document) {
+    EnumerationParameterSchema schema{readPropertyTypeId(document, Frame::value), {}};
+    if (document.constants.find("spec") == nullptr) {
+        document.raise(joined({"Enumeration parameter schema ", document.typeId, " has an undefined spec constant."}));
+    }
+    // The map of constants holds values, but here the member's own "typeid" counts.
+    for (const JSON& member : document.root.getMember(Frame::constants).getArray()) {
+        if (member.getMember(Frame::id).getStringView() == "spec") {
+            schema.spec = readSpecMember(document, member);
+        }
+    }
+    return schema;
+}
+
+} // namespace Parameters

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "schema/SchemaDocument.h"
+#include "taxonomy/EnumerationData.h"
+
+#include <Parameters/DataModelVersion.h>
+
+#include <optional>
+#include <string>
+
+namespace Parameters {
+
+/// An enumeration document that has been read and not yet resolved; the values stand in ascending order of the number.
+struct EnumerationSchema {
+    EnumerationValues values;
+    Units::SchemaFormat format;
+};
+
+/// What the document of an enumeration parameter refers to.
+struct EnumerationParameterSchema {
+    std::string enumeration;
+    std::string spec;
+};
+
+/// No value if the document is no enumeration.
+[[nodiscard]] std::optional<EnumerationSchema> readEnumerationSchema(const SchemaDocument& document);
+
+[[nodiscard]] Enumeration resolveEnumeration(const std::string& typeId, EnumerationSchema schema);
+
+void writeEnumerationSchema(const Enumeration& enumeration, JSON& target, DataModelVersion version);
+
+[[nodiscard]] EnumerationParameterSchema readEnumerationParameterSchema(const SchemaDocument& document);
+
+} // namespace Parameters

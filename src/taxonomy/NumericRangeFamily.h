@@ -1,0 +1,33 @@
+#pragma once
+
+#include "schema/PrimitiveTypeNames.h"
+#include "schema/SchemaDocument.h"
+#include "schema/Vocabulary.h"
+
+#include <cmath>
+#include <cstdint>
+#include <string_view>
+
+namespace Parameters {
+
+/// Everything in which float and int ranges differ.
+template <class Number> struct NumericRangeFamily;
+
+template <> struct NumericRangeFamily<double> {
+    static constexpr const RangeBaseSchemas& bases = Vocabulary::floatRange;
+    static constexpr std::string_view boundaryTypeName = PrimitiveTypeNames::floatingPoint;
+
+    static double readBoundary(const JSON& json) { return readNumber(json); }
+    /// JSON has no form for infinity and NaN.
+    static bool isRepresentable(double boundary) { return std::isfinite(boundary); }
+};
+
+template <> struct NumericRangeFamily<std::int64_t> {
+    static constexpr const RangeBaseSchemas& bases = Vocabulary::intRange;
+    static constexpr std::string_view boundaryTypeName = PrimitiveTypeNames::integer;
+
+    static std::int64_t readBoundary(const JSON& json) { return readInteger(json); }
+    static bool isRepresentable(std::int64_t /*boundary*/) { return true; }
+};
+
+} // namespace Parameters

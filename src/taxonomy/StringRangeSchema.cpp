@@ -1,0 +1,146 @@
+#include "taxonomy/StringRangeSchema.h"
+
+#include "schema/Conversion.h"
+#include "schema/PrimitiveTypeNames.h"
+#include "schema/VersionedFrame.h"
+#include "taxonomy/RangeConstantWriting.h"
+#include "taxonomy/StringRangeData.h"
+
+#include <set>
+#include <utility>
+
+namespace Parameters {
+
+namespace {
+
+constexpr std::string_view allowedValuesKey = "allowedValues";
+constexpr std::string_view regexKey = "regex";
+
+std::vector<std::string> readUniqueStringArray(const JSON& json) {
+    if (!json.isArray()) {
+        json.raise("Expected an array.");
+    }
+    std::set<std::string_view> seen;
+    std::vector<std::string> strings;
+    strings.reserve(json.getSize());
+    for (const JSON& element : json.getArray()) {
+        if (!element.isString()) {
+            json.raise("Expected an array of strings.");
+        }
+        if (!seen.insert(element.getStringView()).second) {
+            json.raise("Expected an array of unique strings.");
+        }
+        strings.push_back(element.getString());
+    }
+    return strings;
+}
+
+JSON createStringArray(const JSON& document, const std::vector<std::string>& strings) {
+    std::vector<JSON> elements;
+    elements.reserve(strings.size());
+    for (const std::string& string : strings) {
+        elements.emplace_back(document, string);
+    }
+    return {document, elements};
+}
+
+/// An inline value with its one attribute.
+JSON createInlineValue(const JSON& document, std::string_view key, JSON value) {
+    JSON object = JSON::createObject();
+    object.addMember(document, key, value);
+    return object;
+}
+
+} // namespace
+
+std::optional<StringRangeSchema> readStringRangeSchema(const SchemaDocument& document) {
+    if (containsPrefix(document.baseSchema, Vocabulary::setStringRange.prefix)) {
+        const auto values =
+            readConstant<std::vector<std::string>>(document, allowedValuesKey, std::nullopt, readUniqueStringArray);
+        return StringRangeSchema{SetStringRangeComponent(values), document.schemaFormat};
+    }
+    if (containsPrefix(document.baseSchema, Vocabulary::regexStringRange.prefix)) {
+        return StringRangeSchema{RegexStringRangeComponent(readAnyStringConstant(document, regexKey)),
+                                 document.schemaFormat};
+    }
+    return std::nullopt;
+}
+
+StringRange resolveStringRange(const std::string& typeId, const StringRangeSchema& schema) {
+    return std::visit([&](const auto& component) { return StringRange(typeId, component, schema.format); },
+                      schema.component);
+}
+
+void writeStringRangeSchema(const StringRange& range, JSON& target, DataModelVersion version) {
+    const auto& data = Internals::dataOf(range);
+    std::vector<JSON> members;
+    if (const auto* set = std::get_if<SetStringRangeComponent>(&data.component)) {
+        const bool typed =
+            addVersionedFrame(target, data.typeId, Vocabulary::setStringRange, data.schemaFormat, version);
+        JSON values = createStringArray(target, Internals::allowedValuesOf(*set));
+        JSON member = createValueMember(target, allowedValuesKey, std::move(values), {});
+        if (typed) {
+            addString(member, target, Frame::typeId, PrimitiveTypeNames::string);
+        }
+        members.push_back(std::move(member));
+    } else if (const auto* regex = std::get_if<RegexStringRangeComponent>(&data.component)) {
+        const bool typed =
+            addVersionedFrame(target, data.typeId, Vocabulary::regexStringRange, data.schemaFormat, version);
+        members.push_back(createStringMember(target, regexKey, Internals::regexOf(*regex), typed));
+    } else {
+        raiseNotRepresentable();
+    }
+    addConstants(target, members);
+}
+
+StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value, Units::SchemaFormat format) {
+    if (containsPrefix(baseTypeId, Vocabulary::setStringRange.prefix)) {
+        std::vector<std::string> strings;
+        if (value.hasMember(allowedValuesKey)) {
+            strings = readUniqueStringArray(value.getMember(allowedValuesKey));
+        }
+        if (strings.empty()) {
+            value.raise("Inline value override in range constant typedValue must specify a non-empty array of unique "
+                        "string values for constant allowedValues.");
+        }
+        return {SetStringRangeComponent(strings), format};
+    }
+    if (containsPrefix(baseTypeId, Vocabulary::regexStringRange.prefix)) {
+        if (!value.hasMember(regexKey)) {
+            value.raise("Inline value override in range constant typedValue must specify a string value for constant "
+                        "regex.");
+        }
+        return {RegexStringRangeComponent(readAnyString(value.getMember(regexKey))), format};
+    }
+    if (value.getSize() != 0) {
+        value.raise("Inline value override for default string range in range constant typedValue, if present, must be "
+                    "an empty object.");
+    }
+    return {};
+}
+
+void writeStringRangeConstant(const JSON& document, std::vector<JSON>& members, const StringRange& range,
+                              DataModelVersion version) {
+    const auto& data = Internals::dataOf(range);
+    std::optional<JSON> inlineValue;
+    if (const auto* set = std::get_if<SetStringRangeComponent>(&data.component)) {
+        const std::vector<std::string>& values = Internals::allowedValuesOf(*set);
+        if (values.empty()) {
+            return;
+        }
+        if (beginsWithPrefix(data.typeId, Vocabulary::setStringRange.prefix)) {
+            inlineValue = createInlineValue(document, allowedValuesKey, createStringArray(document, values));
+        }
+        members.push_back(
+            createRangeConstant(document, Vocabulary::setStringRange, data.typeId, std::move(inlineValue), version));
+    } else if (const auto* regex = std::get_if<RegexStringRangeComponent>(&data.component)) {
+        // Unlike the set, and unlike the typeid below, this looks for the prefix anywhere.
+        if (containsPrefix(data.typeId, Vocabulary::regexStringRange.prefix)) {
+            inlineValue = createInlineValue(document, regexKey, JSON(document, Internals::regexOf(*regex)));
+        }
+        members.push_back(
+            createRangeConstant(document, Vocabulary::regexStringRange, data.typeId, std::move(inlineValue), version));
+    }
+}
+
+} // namespace Parameters

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "schema/SchemaDocument.h"
+
+#include <Parameters/DataModelVersion.h>
+#include <Parameters/StringRange.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace Parameters {
+
+/// A string range document that has been read and not yet resolved.
+struct StringRangeSchema {
+    std::variant<RegexStringRangeComponent, SetStringRangeComponent> component;
+    Units::SchemaFormat format;
+};
+
+/// No value if the document is no string range. There are no documents of the default string range.
+[[nodiscard]] std::optional<StringRangeSchema> readStringRangeSchema(const SchemaDocument& document);
+
+[[nodiscard]] StringRange resolveStringRange(const std::string& typeId, const StringRangeSchema& schema);
+
+void writeStringRangeSchema(const StringRange& range, JSON& target, DataModelVersion version);
+
+/// The range that a parameter's document gives inline, in an object, under a base schema. The base decides the form of
+/// the object; the range's typeid goes by the document's format.
+[[nodiscard]] StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value,
+                                                Units::SchemaFormat format);
+
+/// Appends the "range" constant of a parameter's document, or nothing for a range that limits nothing.
+void writeStringRangeConstant(const JSON& document, std::vector<JSON>& members, const StringRange& range,
+                              DataModelVersion version);
+
+} // namespace Parameters
