@@ -1,0 +1,185 @@
+#include "specs/SpecSchemaWriting.h"
+
+#include "schema/Frame.h"
+#include "schema/VersionedFrame.h"
+#include "specs/ContextWords.h"
+#include "specs/PrimitiveSpecs.h"
+#include "taxonomy/Internals.h"
+#include "taxonomy/TaxonData.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Parameters {
+
+namespace {
+
+using V = DataModelVersion;
+
+bool isPolymorphic(const ValueTypeId& valueType) {
+    return std::holds_alternative<AnyOf>(valueType) || std::holds_alternative<OneOf>(valueType);
+}
+
+DataModelVersion naturalVersionOfSpec(const Spec& spec) {
+    const ValueTypeId& valueType = spec.getValueTypeId();
+    if (std::holds_alternative<LegacyPrimitiveType>(valueType)) {
+        return V::V1;
+    }
+    if (isPolymorphic(valueType)) {
+        return V::V3;
+    }
+    return spec.getSchemaFormat() == Units::SchemaFormat::LumarDataSchema ? V::V3 : V::V2;
+}
+
+VersionRange compatibleRangeOfSpec(const Spec& spec) {
+    const ValueTypeId& valueType = spec.getValueTypeId();
+    if (spec.getContext() != Context::Single || isPolymorphic(valueType)) {
+        return {V::V3, V::V3};
+    }
+    const auto* name = std::get_if<std::string>(&valueType);
+    if (name == nullptr) {
+        return {V::V1, V::V1};
+    }
+    const DataModelVersion highest = naturalVersionOfSpec(spec);
+    if (highest == V::V3 && !isLegacyValueTypeName(*name)) {
+        return {V::V3, V::V3};
+    }
+    return {legacyPrimitiveTypeOf(*name) ? V::V1 : V::V2, highest};
+}
+
+/// Whether the spec is one of those that the library brings along, in a version of its own time.
+bool isBuiltInSpec(const Spec& spec) {
+    return std::any_of(primitiveSpecs.begin(), primitiveSpecs.end(), [&](const PrimitiveSpec& primitive) {
+        return beginsWithPrefix(spec.getTypeId(), primitive.base.majorPrefix);
+    });
+}
+
+void addCommonSpecConstants(const JSON& target, std::vector<JSON>& members, const Spec& spec, bool typed,
+                            std::optional<std::string_view> defaultName = std::nullopt) {
+    if (spec.getName() != defaultName) {
+        members.push_back(createNameMember(target, spec.getName(), typed));
+    }
+    const std::string& discipline = typeIdOf(spec.getDiscipline());
+    if (!containsPrefix(discipline, Vocabulary::discipline.prefix)) {
+        members.push_back(createTypedValueMember(target, "discipline", discipline));
+    }
+}
+
+void writeSimpleSpecSchema(JSON& target, const Spec& spec, const PrimitiveSpec& primitive) {
+    addShortFrame(target, spec.getTypeId(), primitive.base.typeId);
+    std::vector<JSON> members;
+    addCommonSpecConstants(target, members, spec, false, primitive.defaultName);
+    if (!members.empty()) {
+        addConstants(target, members);
+    }
+}
+
+void writeMeasurableSpecSchema(const Spec& spec, JSON& target, const BaseSchemas& bases, DataModelVersion version) {
+    if (!spec.getMeasurable()) {
+        raiseNotRepresentable();
+    }
+    const bool typed = addVersionedFrame(target, spec.getTypeId(), bases, spec.getSchemaFormat(), version);
+    std::vector<JSON> members;
+    addCommonSpecConstants(target, members, spec, typed);
+    const Measurable& measurable = *spec.getMeasurable();
+    if (!measurable.getApplicableUnits().empty()) {
+        std::vector<std::string> units;
+        for (const Units::Unit& unit : measurable.getApplicableUnits()) {
+            units.push_back(unit.getTypeId());
+        }
+        members.push_back(createTypedValueArrayMember(target, "applicableUnits", units));
+    }
+    members.push_back(createTypedValueMember(target, "storageUnit", measurable.getStorageUnit().getTypeId()));
+    addConstants(target, members);
+}
+
+/// The key and the value of a polymorphic or named type, in the "value" property.
+void addValueType(const JSON& target, JSON& property, const ValueTypeId& valueType) {
+    if (const auto* name = std::get_if<std::string>(&valueType)) {
+        addString(property, target, Frame::typeId, *name);
+    } else if (const auto* anyOf = std::get_if<AnyOf>(&valueType)) {
+        JSON types = createTypeIdObjects(target, {anyOf->getBaseTypeId()});
+        property.addMember(target, "anyOf", types);
+    } else if (const auto* oneOf = std::get_if<OneOf>(&valueType)) {
+        JSON types = createTypeIdObjects(target, oneOf->getTypeIds());
+        property.addMember(target, "oneOf", types);
+    } else {
+        raiseNotRepresentable();
+    }
+}
+
+/// A spec of another context than Single says so in front of its type.
+void addContext(const JSON& target, JSON& property, Context context) {
+    for (const ContextWord& named : contextWords) {
+        if (named.context == context && context != Context::Single) {
+            addString(property, target, "context", named.word);
+        }
+    }
+}
+
+/// For V2 and V3.
+void writeCurrentSpecSchema(const Spec& spec, JSON& target, DataModelVersion version) {
+    if (spec.getMeasurable()) {
+        writeMeasurableSpecSchema(spec, target, Vocabulary::measurableSpec, version);
+        return;
+    }
+    const bool typed =
+        addVersionedFrame(target, spec.getTypeId(), Vocabulary::generalSpec, spec.getSchemaFormat(), version);
+    std::vector<JSON> members;
+    addCommonSpecConstants(target, members, spec, typed);
+    addConstants(target, members);
+    JSON property = createMember(target, Frame::value);
+    addContext(target, property, spec.getContext());
+    addValueType(target, property, spec.getValueTypeId());
+    std::vector<JSON> properties;
+    properties.push_back(std::move(property));
+    addProperties(target, properties);
+}
+
+/// For V1, by the primitive type.
+void writeLegacySpecSchema(const Spec& spec, JSON& target) {
+    const auto type = primitiveTypeOf(spec.getValueTypeId());
+    const auto* primitive = std::find_if(primitiveSpecs.begin(), primitiveSpecs.end(),
+                                         [&](const PrimitiveSpec& candidate) { return candidate.type == type; });
+    if (primitive != primitiveSpecs.end()) {
+        writeSimpleSpecSchema(target, spec, *primitive);
+    } else if (type == LegacyPrimitiveType::Float) {
+        constexpr BaseSchemas legacyBase{Vocabulary::measurableSpec.prefix, Vocabulary::legacyMeasurableSpec, {}};
+        writeMeasurableSpecSchema(spec, target, legacyBase, V::V1);
+    } else {
+        addShortFrame(target, spec.getTypeId(), Vocabulary::generalSpec.shortFrame);
+        std::vector<JSON> members;
+        addCommonSpecConstants(target, members, spec, false);
+        addConstants(target, members);
+    }
+}
+
+} // namespace
+
+Conversion conversionOfSpec(const Spec& spec) {
+    const DataModelVersion natural = naturalVersionOfSpec(spec);
+    return {{natural, natural}, compatibleRangeOfSpec(spec)};
+}
+
+Conversion conversionOfSpecKind(const Spec& spec) {
+    Conversion conversion = conversionOfSpec(spec);
+    VersionRange& range = conversion.representable;
+    if (range.lowest == V::V1 && range.highest > V::V1 && isBuiltInSpec(spec)) {
+        range.lowest = V::V2;
+    }
+    return conversion;
+}
+
+void writeSpecSchema(const Spec& spec, JSON& target, DataModelVersion version) {
+    if (version == V::V1) {
+        writeLegacySpecSchema(spec, target);
+    } else {
+        writeCurrentSpecSchema(spec, target, version);
+    }
+}
+
+} // namespace Parameters
