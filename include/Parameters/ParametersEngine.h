@@ -1,8 +1,15 @@
 #pragma once
 
+#include <Parameters/Category.h>
 #include <Parameters/DataModelVersion.h>
+#include <Parameters/Enumeration.h>
 #include <Parameters/Exceptions.h>
 #include <Parameters/Export.h>
+#include <Parameters/FloatRange.h>
+#include <Parameters/IntRange.h>
+#include <Parameters/Parameter.h>
+#include <Parameters/Spec.h>
+#include <Parameters/StringRange.h>
 #include <Parameters/Taxon.h>
 
 #include <Units/UnitsEngine.h>
@@ -72,6 +79,19 @@ public:
     ///         before it stay pending.
     void registerSchemas(const std::map<std::string, std::string>& schemas);
 
+    /// Registers one schema document as registerSchema() does, and copies from another engine what it needs, directly
+    /// and indirectly, unless this engine has it: finished objects with their texts, and units. The copies count as
+    /// registered; queries see them after resolveSchemas().
+    ///
+    /// @param context  only read, and not changed by anybody else meanwhile.
+    /// @return typeids that the document refers to and that neither engine knows.
+    /// @throws ValidationException  as registerSchema(), and then nothing has changed; or a copied object is refused by
+    /// its
+    ///         check. UnrecognizedIdentifierException "Could not find any object with typeid {typeid}." if something
+    ///         needed is pending or imported in the context. In these two cases the schema stays pending, and what has
+    ///         been copied stays.
+    std::set<std::string> registerSchemaWithContext(const std::string& schemaText, const ParametersEngine& context);
+
     /// Finishes everything that is pending, as one transaction: references are followed, the objects are made, and only
     /// when all of them are in order do queries see them. Objects imported with a context are taken over, too.
     ///
@@ -88,12 +108,50 @@ public:
     /// empty.", "Schema with typeid {typeid} is already registered.", and what each of them says.
     /// @{
 
+    /// What is stored holds the registered domain and disciplines under the typeids given.
+    ///
+    /// @throws ValidationException  "Name must not be empty."; for a major category "Could not find domain with typeid
+    ///         {typeid}", "Could not find discipline with typeid {typeid}"; for a subcategory "Could not find category
+    ///         with typeid {typeid}" (these three without a full stop), "Parent {typeid} of subcategory {typeid} is not
+    ///         a major category."
+    void registerCategory(const Category& category);
     /// @throws ValidationException  "Name must not be empty."
     void registerDiscipline(const Taxon& discipline);
     /// @throws ValidationException  "Name must not be empty."
     void registerDomain(const Taxon& domain);
+    /// @throws ValidationException  "Enumeration must specify at least one value.", "ID of value in enumeration must
+    /// not be
+    ///         empty.", "Value {id} must appear only once."
+    void registerEnumeration(const Enumeration& enumeration);
+    /// Takes any range.
+    void registerFloatRange(const FloatRange& range);
     /// @throws ValidationException  "Name must not be empty."
     void registerGroup(const Taxon& group);
+    /// Takes any range.
+    void registerIntRange(const IntRange& range);
+    /// What is stored holds the registered group, spec and range under the typeids given. The default group, the legacy
+    /// base specs of Defaults and ranges of a static base need not be registered.
+    ///
+    /// @throws ValidationException  in this order: "Name must not be empty."; "Could not find group with typeid
+    /// {typeid}.";
+    ///         for a string range "Value {value} must appear only once." and "String range using base schema typeid
+    ///         {typeid} ..."; "Could not find {kind} with typeid {typeid}." for the range; "Family Type parameter must
+    ///         specify a category."; "Primitive reference parameter may use only major version 1 of the family type
+    ///         base spec."; "Could not find spec with typeid {typeid}."; "Parameter with an enumeration range must use
+    ///         a legacy general spec."; "Parameter with a legacy general spec must use an enumeration range."
+    void registerParameter(const Parameter& parameter);
+    /// What is stored holds the registered discipline and units under the typeids given. The default discipline need
+    /// not be registered.
+    ///
+    /// @throws ValidationException  in this order: "Name must not be empty."; "Could not find discipline with typeid
+    ///         {typeid}."; "Legacy primitive specs must use PropertySets schema format."; "Spec with polymorphic value
+    ///         type using 'oneOf' must offer at least one type."; "Spec with PropertySets schema format may use only
+    ///         single context."; "Spec with PropertySets schema format may not use polymorphic value type."; "Spec of
+    ///         measurable value type must include units of measurement."; "Could not find unit with typeid {typeid}.";
+    ///         "Spec with units of measurement must have floating-point value type."
+    void registerSpec(const Spec& spec);
+    /// @throws ValidationException  "Value {value} must appear only once."
+    void registerStringRange(const StringRange& range);
 
     /// @}
     /// @name Queries
@@ -102,17 +160,33 @@ public:
     /// UnrecognizedIdentifierException "Could not find {kind} with typeid {typeid}."
     /// @{
 
+    [[nodiscard]] std::map<std::string, Category> getAllCategories() const;
     [[nodiscard]] std::map<std::string, Taxon> getAllDisciplines() const;
     [[nodiscard]] std::map<std::string, Taxon> getAllDomains() const;
+    [[nodiscard]] std::map<std::string, Enumeration> getAllEnumerations() const;
+    [[nodiscard]] std::map<std::string, FloatRange> getAllFloatRanges() const;
     [[nodiscard]] std::map<std::string, Taxon> getAllGroups() const;
+    [[nodiscard]] std::map<std::string, IntRange> getAllIntRanges() const;
+    [[nodiscard]] std::map<std::string, Parameter> getAllParameters() const;
+    [[nodiscard]] std::map<std::string, Spec> getAllSpecs() const;
+    [[nodiscard]] std::map<std::string, StringRange> getAllStringRanges() const;
 
+    [[nodiscard]] Category getCategory(const std::string& typeId) const;
     /// A typeid that contains "quovanta.spec:discipline-" gives a default discipline named "Common" under that typeid,
     /// whatever is registered; it does not stand in getAllDisciplines().
     [[nodiscard]] Taxon getDiscipline(const std::string& typeId) const;
     [[nodiscard]] Taxon getDomain(const std::string& typeId) const;
+    [[nodiscard]] Enumeration getEnumeration(const std::string& typeId) const;
+    [[nodiscard]] FloatRange getFloatRange(const std::string& typeId) const;
     /// A typeid that contains "quovanta.parameter:group-" gives a default group named "Other" under that typeid,
     /// whatever is registered; it does not stand in getAllGroups().
     [[nodiscard]] Taxon getGroup(const std::string& typeId) const;
+    [[nodiscard]] IntRange getIntRange(const std::string& typeId) const;
+    [[nodiscard]] Parameter getParameter(const std::string& typeId) const;
+    /// "quovanta.spec:spec.bool-1.0.0", "quovanta.spec:spec.int64-2.0.0", "quovanta.spec:spec.reference-1.0.0" and
+    /// "quovanta.spec:spec.string-2.0.0" give the legacy base specs of Defaults; they do not stand in getAllSpecs().
+    [[nodiscard]] Spec getSpec(const std::string& typeId) const;
+    [[nodiscard]] StringRange getStringRange(const std::string& typeId) const;
 
     /// Whether the typeid is built in, finished, pending, imported, or known to the units engine.
     [[nodiscard]] bool isRegistered(const std::string& typeId) const;
@@ -121,6 +195,35 @@ public:
     /// at once.
     [[nodiscard]] Units::UnitsEngine& getUnitsEngine();
     [[nodiscard]] const Units::UnitsEngine& getUnitsEngine() const;
+
+    /// Typeids that a finished item of this library or of the units library depends on, built-in ones left out: a
+    /// spec's discipline and units with what those depend on; a category's domain and disciplines, or its parent and
+    /// the parent's domain and disciplines; a parameter's group, spec and range with what the spec and a category
+    /// depend on. Items of the other kinds depend on nothing.
+    ///
+    /// @throws UnrecognizedIdentifierException  "Could not find any object with typeid {typeid}."
+    [[nodiscard]] std::set<std::string> getDependencies(const std::string& typeId) const;
+
+    /// The same for a parameter that is not registered, checked as registerParameter() does.
+    ///
+    /// @throws ValidationException  what registerParameter() has against it, a registered typeid included.
+    [[nodiscard]] std::set<std::string> getDependencies(const Parameter& parameter) const;
+
+    /// @}
+    /// @name Reading without registering
+    /// @{
+
+    /// The parameter of a document, made against what is finished.
+    ///
+    /// @throws ValidationException  as registerSchema() and resolveSchemas(); "Inheritance from an incorrect base
+    /// schema."
+    ///         for a document of another kind.
+    [[nodiscard]] Parameter readParameter(const std::string& text) const;
+
+    /// The primitive type behind a parameter document: that of its form, else that of its spec's value type. General
+    /// for any other, and for a text that is no parameter document or whose spec is not finished; never throws
+    /// ValidationException.
+    [[nodiscard]] LegacyPrimitiveType readValueType(const std::string& text) const;
 
     /// @}
     /// @name Texts
@@ -141,6 +244,16 @@ public:
     /// Lowest and highest version that getSchemaInCompatibleFormat() can give.
     [[nodiscard]] std::pair<DataModelVersion, DataModelVersion>
     getCompatibleDataModelRange(const std::string& typeId) const;
+
+    /// The text that a parameter would have, which is not registered, written for its own version after the check of
+    /// registerParameter().
+    ///
+    /// @throws ValidationException  what registerParameter() has against it, a registered typeid included; "Cannot
+    ///         represent schema in requested format."
+    [[nodiscard]] std::string getSchema(const Parameter& parameter) const;
+
+    /// The same for a version.
+    [[nodiscard]] std::string getSchemaInCompatibleFormat(DataModelVersion version, const Parameter& parameter) const;
 
     /// @}
 

@@ -4,14 +4,14 @@ namespace Parameters {
 
 namespace {
 
-/// Stores an object that a caller built, after a check against finished objects alone.
+/// Stores an object that a caller built.
 template <class Kind> void registerObject(EngineImpl& engine, const typename Kind::Object& object) {
-    engine.requireUnregistered(typeIdOf(object));
-    const LookupScope scope(engine.units, engine.primary);
-    engine.primary.addObject<Kind>({Kind::validated(object, scope), std::nullopt});
+    engine.primary.addObject<Kind>({engine.validatedNew<Kind>(object), std::nullopt});
 }
 
 } // namespace
+
+void ParametersEngine::registerCategory(const Category& category) { registerObject<CategoryKind>(*impl_, category); }
 
 void ParametersEngine::registerDiscipline(const Taxon& discipline) {
     registerObject<DisciplineKind>(*impl_, discipline);
@@ -19,6 +19,22 @@ void ParametersEngine::registerDiscipline(const Taxon& discipline) {
 
 void ParametersEngine::registerDomain(const Taxon& domain) { registerObject<DomainKind>(*impl_, domain); }
 
+void ParametersEngine::registerEnumeration(const Enumeration& enumeration) {
+    registerObject<EnumerationKind>(*impl_, enumeration);
+}
+
+void ParametersEngine::registerFloatRange(const FloatRange& range) { registerObject<FloatRangeKind>(*impl_, range); }
+
 void ParametersEngine::registerGroup(const Taxon& group) { registerObject<GroupKind>(*impl_, group); }
+
+void ParametersEngine::registerIntRange(const IntRange& range) { registerObject<IntRangeKind>(*impl_, range); }
+
+void ParametersEngine::registerParameter(const Parameter& parameter) {
+    registerObject<ParameterKind>(*impl_, parameter);
+}
+
+void ParametersEngine::registerSpec(const Spec& spec) { registerObject<SpecKind>(*impl_, spec); }
+
+void ParametersEngine::registerStringRange(const StringRange& range) { registerObject<StringRangeKind>(*impl_, range); }
 
 } // namespace Parameters

@@ -30,6 +30,12 @@ struct EngineImpl {
             Registry::raiseAlreadyRegistered(typeId);
         }
     }
+
+    /// What an object that a caller built is as this engine would store it, checked against finished objects alone.
+    template <class Kind> [[nodiscard]] typename Kind::Object validatedNew(const typename Kind::Object& object) const {
+        requireUnregistered(typeIdOf(object));
+        return Kind::validated(object, LookupScope(units, primary));
+    }
 };
 
 } // namespace Parameters

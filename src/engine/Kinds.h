@@ -2,10 +2,28 @@
 
 #include "engine/KindList.h"
 #include "schema/Conversion.h"
+#include "schema/KindNames.h"
+#include "specs/ParameterData.h"
+#include "specs/ParameterSchema.h"
+#include "specs/ParameterSchemaWriting.h"
+#include "specs/SpecData.h"
+#include "specs/SpecSchema.h"
+#include "specs/SpecSchemaWriting.h"
+#include "taxonomy/CategoryData.h"
+#include "taxonomy/CategorySchema.h"
+#include "taxonomy/EnumerationData.h"
+#include "taxonomy/EnumerationSchema.h"
+#include "taxonomy/NumericRangeData.h"
+#include "taxonomy/NumericRangeSchema.h"
+#include "taxonomy/StringRangeData.h"
+#include "taxonomy/StringRangeSchema.h"
 #include "taxonomy/TaxonData.h"
 #include "taxonomy/TaxonSchema.h"
 
+#include <Units/UnitsEngine.h>
+
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,19 +39,83 @@ namespace Parameters {
 //   read             body of a document, or no value if the document is of another kind
 //   dependenciesOfSchema, unitDependenciesOfSchema
 //                    typeids that a body refers to here and in the units library, as views into the body
+//   addDependencies  adds the typeids that an object depends on
 //   resolve          object of a body; scope tells where its references may be found
 //   validated        object to store for one that a caller built
 //   write            document of an object for a version
 //   conversionOf     versions in which an object can be represented
 
-/// The kinds that refer to nothing.
-struct WithoutReferences {
+/// What most kinds do: they refer to nothing, and go by their format.
+struct KindDefaults {
     template <class Body> static TypeIdViews dependenciesOfSchema(const Body& /*body*/) { return {}; }
     template <class Body> static TypeIdViews unitDependenciesOfSchema(const Body& /*body*/) { return {}; }
+    template <class Object>
+    static void addDependencies(const Object& /*object*/, std::set<std::string>& /*result*/,
+                                const Units::UnitsEngine& /*units*/, const ObjectMap<Category>& /*categories*/) {}
+    template <class Object> static Conversion conversionOf(const Object& object) {
+        return conversionByFormat(object.getSchemaFormat());
+    }
+};
+
+struct EnumerationKind : KindDefaults {
+    using Object = Enumeration;
+    using Body = EnumerationSchema;
+    static constexpr std::string_view name = KindNames::enumeration;
+
+    static std::optional<Body> read(const SchemaDocument& document) { return readEnumerationSchema(document); }
+    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& /*scope*/) {
+        return resolveEnumeration(typeId, std::move(body));
+    }
+    template <class Scope> static Object validated(const Object& enumeration, const Scope& /*scope*/) {
+        return validatedEnumeration(enumeration);
+    }
+    static void write(const Object& enumeration, JSON& target, DataModelVersion version) {
+        writeEnumerationSchema(enumeration, target, version);
+    }
+};
+
+/// Float and int ranges differ in their number type and their word.
+template <class Number> struct NumericRangeKind : KindDefaults {
+    using Object = NumericRange<Number>;
+    using Body = NumericRangeSchema<Number>;
+
+    static std::optional<Body> read(const SchemaDocument& document) { return readNumericRangeSchema<Number>(document); }
+    template <class Scope> static Object resolve(const std::string& typeId, const Body& body, const Scope& /*scope*/) {
+        return resolveNumericRange(typeId, body);
+    }
+    /// Any range is valid.
+    template <class Scope> static Object validated(const Object& range, const Scope& /*scope*/) { return range; }
+    static void write(const Object& range, JSON& target, DataModelVersion version) {
+        writeNumericRangeSchema(range, target, version);
+    }
+};
+
+struct FloatRangeKind : NumericRangeKind<double> {
+    static constexpr std::string_view name = KindNames::floatRange;
+};
+struct IntRangeKind : NumericRangeKind<std::int64_t> {
+    static constexpr std::string_view name = KindNames::intRange;
+};
+
+struct StringRangeKind : KindDefaults {
+    using Object = StringRange;
+    using Body = StringRangeSchema;
+    static constexpr std::string_view name = KindNames::stringRange;
+
+    static std::optional<Body> read(const SchemaDocument& document) { return readStringRangeSchema(document); }
+    template <class Scope> static Object resolve(const std::string& typeId, const Body& body, const Scope& /*scope*/) {
+        return resolveStringRange(typeId, body);
+    }
+    template <class Scope> static Object validated(const Object& range, const Scope& /*scope*/) {
+        return validatedStringRange(range);
+    }
+    static void write(const Object& range, JSON& target, DataModelVersion version) {
+        writeStringRangeSchema(range, target, version);
+    }
 };
 
 /// Disciplines, groups and domains differ in their base schemas and their word.
-template <const BaseSchemas& family> struct TaxonKind : WithoutReferences {
+template <const BaseSchemas& family> struct TaxonKind : KindDefaults {
     using Object = Taxon;
     using Body = TaxonSchema;
 
@@ -47,25 +129,112 @@ template <const BaseSchemas& family> struct TaxonKind : WithoutReferences {
     static void write(const Object& taxon, JSON& target, DataModelVersion version) {
         writeTaxonSchema(family, taxon, target, version);
     }
-    static Conversion conversionOf(const Object& taxon) { return conversionByFormat(taxon.getSchemaFormat()); }
 };
 
 struct DisciplineKind : TaxonKind<Vocabulary::discipline> {
-    static constexpr std::string_view name = "discipline";
+    static constexpr std::string_view name = KindNames::discipline;
 };
 struct GroupKind : TaxonKind<Vocabulary::group> {
-    static constexpr std::string_view name = "group";
+    static constexpr std::string_view name = KindNames::group;
 };
 struct DomainKind : TaxonKind<Vocabulary::domain> {
-    static constexpr std::string_view name = "domain";
+    static constexpr std::string_view name = KindNames::domain;
 };
 
-using AllKinds = KindList<DisciplineKind, GroupKind, DomainKind>;
+struct CategoryKind : KindDefaults {
+    using Object = Category;
+    using Body = CategorySchema;
+    static constexpr std::string_view name = KindNames::category;
+
+    static std::optional<Body> read(const SchemaDocument& document) { return readCategorySchema(document); }
+    static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfCategorySchema(body); }
+    static void addDependencies(const Object& category, std::set<std::string>& result,
+                                const Units::UnitsEngine& /*units*/, const ObjectMap<Category>& categories) {
+        dependenciesOfCategory(category, result, categories);
+    }
+    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
+        return resolveCategory(typeId, std::move(body), scope.template stores<DisciplineKind>(),
+                               scope.template stores<DomainKind>());
+    }
+    template <class Scope> static Object validated(const Object& category, const Scope& scope) {
+        return validatedCategory(category, scope.template stores<DisciplineKind>(), scope.template stores<DomainKind>(),
+                                 scope.template stores<CategoryKind>());
+    }
+    static void write(const Object& category, JSON& target, DataModelVersion version) {
+        writeCategorySchema(category, target, version);
+    }
+};
+
+struct SpecKind : KindDefaults {
+    using Object = Spec;
+    using Body = SpecSchema;
+    static constexpr std::string_view name = KindNames::spec;
+
+    static std::optional<Body> read(const SchemaDocument& document) { return readSpecSchema(document); }
+    static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfSpecSchema(body); }
+    static TypeIdViews unitDependenciesOfSchema(const Body& body) { return unitDependenciesOfSpecSchema(body); }
+    static void addDependencies(const Object& spec, std::set<std::string>& result, const Units::UnitsEngine& units,
+                                const ObjectMap<Category>& /*categories*/) {
+        dependenciesOfSpec(spec, result, units);
+    }
+    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
+        return resolveSpec(typeId, std::move(body), scope.template stores<DisciplineKind>(),
+                           scope.units().getAllUnits());
+    }
+    template <class Scope> static Object validated(const Object& spec, const Scope& scope) {
+        return validatedSpec(spec, scope.template stores<DisciplineKind>(), scope.units());
+    }
+    static void write(const Object& spec, JSON& target, DataModelVersion version) {
+        writeSpecSchema(spec, target, version);
+    }
+    static Conversion conversionOf(const Object& spec) { return conversionOfSpecKind(spec); }
+};
+
+struct ParameterKind : KindDefaults {
+    using Object = Parameter;
+    using Body = ParameterSchema;
+    static constexpr std::string_view name = KindNames::parameter;
+
+    static std::optional<Body> read(const SchemaDocument& document) { return readParameterSchema(document); }
+    static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfParameterSchema(body); }
+    static void addDependencies(const Object& parameter, std::set<std::string>& result, const Units::UnitsEngine& units,
+                                const ObjectMap<Category>& categories) {
+        dependenciesOfParameter(parameter, result, units, categories);
+    }
+    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
+        return resolveParameter(typeId, std::move(body), storesOf(scope));
+    }
+    template <class Scope> static Object validated(const Object& parameter, const Scope& scope) {
+        return validatedParameter(parameter, storesOf(scope));
+    }
+    static void write(const Object& parameter, JSON& target, DataModelVersion version) {
+        writeParameterSchema(parameter, target, version);
+    }
+    static Conversion conversionOf(const Object& parameter) { return conversionOfSpec(parameter.getSpec()); }
+
+private:
+    template <class Scope> static ParameterStores storesOf(const Scope& scope) {
+        return {scope.template stores<SpecKind>(),       scope.template stores<GroupKind>(),
+                scope.template stores<CategoryKind>(),   scope.template stores<EnumerationKind>(),
+                scope.template stores<FloatRangeKind>(), scope.template stores<IntRangeKind>(),
+                scope.template stores<StringRangeKind>()};
+    }
+};
 
 /// A document is of the first kind that accepts it.
-using IntakeOrder = KindList<DisciplineKind, GroupKind, DomainKind>;
+using IntakeOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind, DisciplineKind, GroupKind,
+                             DomainKind, SpecKind, ParameterKind, CategoryKind>;
 
-/// What a kind refers to stands before it.
-using ResolutionOrder = KindList<DisciplineKind, DomainKind, GroupKind>;
+/// What a kind refers to stands before it: parameters refer to nearly everything.
+using ResolutionOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind, DisciplineKind,
+                                 DomainKind, GroupKind, CategoryKind, SpecKind, ParameterKind>;
+
+/// The order in which objects are copied from a context, and so in which of them a fault is reported first.
+using ImportOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind, DomainKind, CategoryKind,
+                             DisciplineKind, SpecKind, GroupKind, ParameterKind>;
+
+/// Where the order makes no difference: those that most items are of come first.
+using AllKinds = KindList<ParameterKind, SpecKind, EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind,
+                          DisciplineKind, DomainKind, GroupKind, CategoryKind>;
 
 } // namespace Parameters

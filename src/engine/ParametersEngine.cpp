@@ -1,6 +1,7 @@
 #include <Parameters/ParametersEngine.h>
 
 #include "engine/EngineImpl.h"
+#include "specs/PrimitiveSpecs.h"
 #include "taxonomy/DefaultTaxa.h"
 
 namespace Parameters {
@@ -41,13 +42,43 @@ ParametersEngine& ParametersEngine::operator=(ParametersEngine&& other) noexcept
 
 ParametersEngine::~ParametersEngine() = default;
 
+std::map<std::string, Category> ParametersEngine::getAllCategories() const {
+    return allObjects<CategoryKind>(impl_->primary);
+}
+
 std::map<std::string, Taxon> ParametersEngine::getAllDisciplines() const {
     return allObjects<DisciplineKind>(impl_->primary);
 }
 
 std::map<std::string, Taxon> ParametersEngine::getAllDomains() const { return allObjects<DomainKind>(impl_->primary); }
 
+std::map<std::string, Enumeration> ParametersEngine::getAllEnumerations() const {
+    return allObjects<EnumerationKind>(impl_->primary);
+}
+
+std::map<std::string, FloatRange> ParametersEngine::getAllFloatRanges() const {
+    return allObjects<FloatRangeKind>(impl_->primary);
+}
+
 std::map<std::string, Taxon> ParametersEngine::getAllGroups() const { return allObjects<GroupKind>(impl_->primary); }
+
+std::map<std::string, IntRange> ParametersEngine::getAllIntRanges() const {
+    return allObjects<IntRangeKind>(impl_->primary);
+}
+
+std::map<std::string, Parameter> ParametersEngine::getAllParameters() const {
+    return allObjects<ParameterKind>(impl_->primary);
+}
+
+std::map<std::string, Spec> ParametersEngine::getAllSpecs() const { return allObjects<SpecKind>(impl_->primary); }
+
+std::map<std::string, StringRange> ParametersEngine::getAllStringRanges() const {
+    return allObjects<StringRangeKind>(impl_->primary);
+}
+
+Category ParametersEngine::getCategory(const std::string& typeId) const {
+    return impl_->primary.store<CategoryKind>().lookupObject(typeId);
+}
 
 Taxon ParametersEngine::getDiscipline(const std::string& typeId) const {
     if (containsPrefix(typeId, Vocabulary::discipline.prefix)) {
@@ -60,11 +91,40 @@ Taxon ParametersEngine::getDomain(const std::string& typeId) const {
     return impl_->primary.store<DomainKind>().lookupObject(typeId);
 }
 
+Enumeration ParametersEngine::getEnumeration(const std::string& typeId) const {
+    return impl_->primary.store<EnumerationKind>().lookupObject(typeId);
+}
+
+FloatRange ParametersEngine::getFloatRange(const std::string& typeId) const {
+    return impl_->primary.store<FloatRangeKind>().lookupObject(typeId);
+}
+
 Taxon ParametersEngine::getGroup(const std::string& typeId) const {
     if (containsPrefix(typeId, Vocabulary::group.prefix)) {
         return DefaultTaxa::groups().withTypeId(typeId);
     }
     return impl_->primary.store<GroupKind>().lookupObject(typeId);
+}
+
+IntRange ParametersEngine::getIntRange(const std::string& typeId) const {
+    return impl_->primary.store<IntRangeKind>().lookupObject(typeId);
+}
+
+Parameter ParametersEngine::getParameter(const std::string& typeId) const {
+    return impl_->primary.store<ParameterKind>().lookupObject(typeId);
+}
+
+Spec ParametersEngine::getSpec(const std::string& typeId) const {
+    // The family type base spec can be used by parameters but not asked for.
+    const Spec* base = findLegacyBaseSpec(typeId);
+    if (base != nullptr && !isExactly(typeId, Vocabulary::familyTypeSpec.typeId)) {
+        return *base;
+    }
+    return impl_->primary.store<SpecKind>().lookupObject(typeId);
+}
+
+StringRange ParametersEngine::getStringRange(const std::string& typeId) const {
+    return impl_->primary.store<StringRangeKind>().lookupObject(typeId);
 }
 
 bool ParametersEngine::isRegistered(const std::string& typeId) const { return impl_->isRegistered(typeId); }

@@ -27,6 +27,20 @@ template <class Kind> void resolveStage(KindStore<Kind>& staged, const LookupSco
     }
 }
 
+/// Only now do all categories stand, so that a parent may come behind its subcategory.
+void checkSubcategoryParents(const StoreList<Category>& categoryStores, const ObjectMap<Category>& categories) {
+    for (const auto* entry : categories.sorted()) {
+        const std::string* parentTypeId = parentOf(entry->value.object);
+        if (parentTypeId == nullptr) {
+            continue;
+        }
+        const Category* parent = categoryStores.find(*parentTypeId);
+        if (parent == nullptr || !isMajor(*parent)) {
+            raiseParentNotMajor(*parentTypeId, entry->typeId);
+        }
+    }
+}
+
 void reserveFor(Registry& target, const Registry& first, const Registry& second) {
     AllKinds::forEach([&](auto kind) {
         using Kind = decltype(kind);
@@ -58,6 +72,9 @@ void ParametersEngine::resolveSchemas() {
         Registry staged = stagePending(primary);
         const LookupScope scope(impl_->units, primary, staged, importedBatch);
         ResolutionOrder::forEach([&](auto kind) { resolveStage(staged.store<decltype(kind)>(), scope); });
+        for (const Registry* registry : {&staged, &importedBatch}) {
+            checkSubcategoryParents(scope.stores<CategoryKind>(), registry->store<CategoryKind>().finished);
+        }
         reserveFor(primary, staged, importedBatch);
         mergeFinished(primary, staged);
     });

@@ -24,6 +24,12 @@ std::string writtenText(const typename Kind::Object& object, const Conversion& c
     return document.toString();
 }
 
+/// Writes an object for its own version.
+template <class Kind> std::string naturalText(const typename Kind::Object& object) {
+    const Conversion conversion = Kind::conversionOf(object);
+    return writtenText<Kind>(object, conversion, conversion.natural.highest);
+}
+
 /// The one algorithm behind the texts of all kinds.
 template <class Kind>
 std::string compatibleText(const typename Kind::Object& object, const std::optional<std::string>& registeredText,
@@ -41,16 +47,18 @@ Units::SchemaFormat unitsFormatFor(DataModelVersion version) noexcept {
 
 } // namespace
 
+std::string ParametersEngine::getSchema(const Parameter& parameter) const {
+    return naturalText<ParameterKind>(impl_->validatedNew<ParameterKind>(parameter));
+}
+
+std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion version, const Parameter& parameter) const {
+    return compatibleText<ParameterKind>(impl_->validatedNew<ParameterKind>(parameter), std::nullopt, version);
+}
+
 std::string ParametersEngine::getSchema(const std::string& typeId) const {
     std::string text;
     const bool found = impl_->primary.visitFinished(typeId, [&](auto kind, const auto& item) {
-        using Kind = decltype(kind);
-        if (item.text) {
-            text = *item.text;
-        } else {
-            const Conversion conversion = Kind::conversionOf(item.object);
-            text = writtenText<Kind>(item.object, conversion, conversion.natural.highest);
-        }
+        text = item.text ? *item.text : naturalText<decltype(kind)>(item.object);
     });
     if (found) {
         return text;

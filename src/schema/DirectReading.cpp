@@ -1,0 +1,56 @@
+#include "engine/EngineImpl.h"
+#include "schema/PrimitiveTypeNames.h"
+#include "schema/ValidationExceptionFactory.h"
+#include "specs/PrimitiveSpecs.h"
+
+#include <memory>
+
+namespace Parameters {
+
+namespace {
+
+SchemaDocument readDocument(const std::string& text) {
+    return readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), text);
+}
+
+/// The type of a form that stands for one, else that of the spec's value type name.
+LegacyPrimitiveType valueTypeOf(const std::string& text, const LookupScope& scope) {
+    const SchemaDocument document = readDocument(text);
+    const auto schema = readParameterSchema(document);
+    if (!schema) {
+        return LegacyPrimitiveType::General;
+    }
+    if (schema->primitiveType) {
+        return *schema->primitiveType;
+    }
+    const Spec spec = resolveSpecOfParameter(document.typeId, *schema, scope.stores<SpecKind>());
+    const auto* name = std::get_if<std::string>(&spec.getValueTypeId());
+    // "Reference" is a value type name but says nothing here: only a data type of references does.
+    if (name == nullptr || isExactly(*name, PrimitiveTypeNames::reference)) {
+        return LegacyPrimitiveType::General;
+    }
+    return legacyPrimitiveTypeOf(*name).value_or(LegacyPrimitiveType::General);
+}
+
+} // namespace
+
+Parameter ParametersEngine::readParameter(const std::string& text) const {
+    const SchemaDocument document = readDocument(text);
+    impl_->requireUnregistered(document.typeId);
+    auto schema = readParameterSchema(document);
+    if (!schema) {
+        throw ValidationException("Inheritance from an incorrect base schema.");
+    }
+    const LookupScope scope(impl_->units, impl_->primary);
+    return ParameterKind::resolve(document.typeId, *std::move(schema), scope);
+}
+
+LegacyPrimitiveType ParametersEngine::readValueType(const std::string& text) const {
+    try {
+        return valueTypeOf(text, LookupScope(impl_->units, impl_->primary));
+    } catch (const ValidationException&) {
+        return LegacyPrimitiveType::General;
+    }
+}
+
+} // namespace Parameters

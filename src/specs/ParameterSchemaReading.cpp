@@ -1,0 +1,266 @@
+#include "schema/Text.h"
+#include "schema/Vocabulary.h"
+#include "specs/ParameterData.h"
+#include "specs/ParameterSchema.h"
+#include "specs/PrimitiveSpecs.h"
+#include "specs/SpecSchema.h"
+#include "taxonomy/CategoryData.h"
+#include "taxonomy/CategorySchema.h"
+#include "taxonomy/DefaultTaxa.h"
+#include "taxonomy/EnumerationData.h"
+#include "taxonomy/EnumerationSchema.h"
+#include "taxonomy/NumericRangeData.h"
+#include "taxonomy/StringRangeData.h"
+#include "taxonomy/TaxonData.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace Parameters {
+
+namespace {
+
+constexpr std::string_view specKey = "spec";
+constexpr std::string_view categoryKey = "category";
+constexpr std::string_view dataKey = "data";
+
+// The steps of reading a form. Each fills its part of the schema.
+
+struct ParameterForm;
+using ReadStep = void (*)(const SchemaDocument& document, const ParameterForm& form, ParameterSchema& schema);
+
+/// A form of parameter document. A step that a form lacks is null; they run in the order of the fields.
+struct ParameterForm {
+    std::string_view prefix;
+    std::optional<LegacyPrimitiveType> primitiveType;
+    /// Spec of a document that names none; empty where it must.
+    std::string_view defaultSpec;
+    ReadStep readSpec;
+    ReadStep readRange;
+    ReadStep readData;
+};
+
+void readSpecConstant(const SchemaDocument& document, const ParameterForm& form, ParameterSchema& schema) {
+    schema.spec = readTypedValueConstant(
+        document, specKey, form.defaultSpec.empty() ? std::nullopt : std::optional<std::string>(form.defaultSpec));
+}
+
+/// The category that a family type takes as an override.
+std::string readFamilyTypeCategory(const SchemaDocument& document, const JSON& json, const std::string& spec) {
+    if (!containsPrefix(spec, Vocabulary::familyTypeSpec.majorPrefix)) {
+        document.raise("Reference parameter schema may use only major version 1 of the family type base spec.");
+    }
+    if (!json.hasMember(Frame::typedValue)) {
+        document.raise(joined({"Inline typedValue override is required when specifying the family type base schema ",
+                               spec, " in spec constant typedValue."}));
+    }
+    const JSON value = json.getMember(Frame::typedValue);
+    if (!value.isObject()) {
+        document.raise("Inline typedValue override in spec constant typedValue must be an object.");
+    }
+    auto category = readTypeIdAttribute(value.getMember(categoryKey));
+    if (!category) {
+        document.raise("Inline typedValue override in spec constant typedValue must specify an object with a typeid "
+                       "string attribute for constant category.");
+    }
+    return *std::move(category);
+}
+
+/// The spec of a reference parameter, which takes a family type with its category, too.
+void readReferenceSpecConstant(const SchemaDocument& document, const ParameterForm& form, ParameterSchema& schema) {
+    schema.spec = form.defaultSpec;
+    readMembers(
+        document.constants,
+        MemberHandler{
+            specKey, [&](const JSON& json) {
+                auto spec = readTypeIdAttribute(json);
+                if (!spec) {
+                    document.raise(
+                        joined({"Parameter schema ", document.typeId,
+                                " must specify a typeid string attribute in its spec constant typedValue."}));
+                }
+                schema.spec = *std::move(spec);
+                if (containsPrefix(schema.spec, Vocabulary::familyTypeSpec.prefix)) {
+                    schema.range = CategoryReference{readFamilyTypeCategory(document, json, schema.spec)};
+                } else if (json.hasMember(Frame::value) || json.hasMember(Frame::typedValue)) {
+                    document.raise(joined({"Inline value override for spec ", schema.spec, " is not permitted."}));
+                }
+            }});
+}
+
+void readCategoryConstant(const SchemaDocument& document, const ParameterForm& /*form*/, ParameterSchema& schema) {
+    schema.range = CategoryReference{readTypedValueConstant(document, categoryKey)};
+}
+
+template <class Range, const auto& inlineBases>
+void readRange(const SchemaDocument& document, const ParameterForm& /*form*/, ParameterSchema& schema) {
+    schema.range = readRangeConstant<Range>(document, inlineBases);
+}
+
+void readDataProperty(const SchemaDocument& document, const ParameterForm& /*form*/, ParameterSchema& schema) {
+    schema.spec = readPropertyTypeId(document, dataKey);
+}
+
+/// A general parameter without "data" is an enumeration parameter.
+void readDataPropertyOrEnumeration(const SchemaDocument& document, const ParameterForm& form, ParameterSchema& schema) {
+    if (document.properties.find(dataKey) != nullptr) {
+        readDataProperty(document, form, schema);
+        return;
+    }
+    auto body = readEnumerationParameterSchema(document);
+    schema.spec = std::move(body.spec);
+    schema.range = EnumerationReference{std::move(body.enumeration)};
+}
+
+// The base schemas under which a form takes an inline range.
+
+constexpr std::array<std::string_view, 1> legacyFloatBases = {Vocabulary::floatRange.shortFrame};
+constexpr std::array<std::string_view, 2> floatBases = {Vocabulary::floatRange.shortFrame,
+                                                        Vocabulary::floatRange.fullFrame};
+constexpr std::array<std::string_view, 1> legacyIntBases = {Vocabulary::intRange.shortFrame};
+constexpr std::array<std::string_view, 2> intBases = {Vocabulary::intRange.shortFrame, Vocabulary::intRange.fullFrame};
+constexpr std::array<std::string_view, 6> stringBases = {
+    Vocabulary::defaultStringRange.shortFrame, Vocabulary::setStringRange.shortFrame,
+    Vocabulary::regexStringRange.shortFrame,   Vocabulary::defaultStringRange.fullFrame,
+    Vocabulary::setStringRange.fullFrame,      Vocabulary::regexStringRange.fullFrame};
+
+/// In the order in which a base schema is compared with them.
+constexpr std::array<ParameterForm, 10> forms = {{
+    {Vocabulary::booleanParameter.prefix, LegacyPrimitiveType::Boolean, Vocabulary::booleanSpec.typeId,
+     readSpecConstant, nullptr, nullptr},
+    {Vocabulary::integerParameter.prefix, LegacyPrimitiveType::Integer, Vocabulary::integerSpec.typeId,
+     readSpecConstant, readRange<IntRange, legacyIntBases>, nullptr},
+    {Vocabulary::measurableParameter.prefix,
+     LegacyPrimitiveType::Float,
+     {},
+     readSpecConstant,
+     readRange<FloatRange, legacyFloatBases>,
+     nullptr},
+    {Vocabulary::referenceParameter.prefix, LegacyPrimitiveType::Reference, Vocabulary::referenceSpec.typeId,
+     readReferenceSpecConstant, nullptr, nullptr},
+    {Vocabulary::stringParameter.prefix, LegacyPrimitiveType::String, Vocabulary::stringSpec.typeId, readSpecConstant,
+     readRange<StringRange, stringBases>, nullptr},
+    {Vocabulary::categorizedParameter.prefix, std::nullopt, {}, nullptr, readCategoryConstant, readDataProperty},
+    {Vocabulary::rangedFloatParameter.prefix,
+     std::nullopt,
+     {},
+     nullptr,
+     readRange<FloatRange, floatBases>,
+     readDataProperty},
+    {Vocabulary::rangedIntParameter.prefix, std::nullopt, {}, nullptr, readRange<IntRange, intBases>, readDataProperty},
+    {Vocabulary::rangedStringParameter.prefix,
+     std::nullopt,
+     {},
+     nullptr,
+     readRange<StringRange, stringBases>,
+     readDataProperty},
+    {Vocabulary::generalParameter.prefix, std::nullopt, {}, nullptr, nullptr, readDataPropertyOrEnumeration},
+}};
+
+Taxon resolveGroup(const std::string& typeId, const std::string& group, const StoreList<Taxon>& groupStores) {
+    return containsPrefix(group, Vocabulary::group.prefix) ? DefaultTaxa::groups().withTypeId(group)
+                                                           : findDependency(groupStores, typeId, group);
+}
+
+/// The range of a parameter document, by the alternative that its form gave it.
+struct RangeResolution {
+    const std::string& typeId;
+    const ParameterStores& stores;
+
+    ParameterRange operator()(std::monostate none) const { return none; }
+    ParameterRange operator()(const CategoryReference& category) const {
+        return findDependency(stores.categories, typeId, category.typeId);
+    }
+    ParameterRange operator()(const EnumerationReference& enumeration) const {
+        return findDependency(stores.enumerations, typeId, enumeration.typeId);
+    }
+    ParameterRange operator()(const RangeConstant<FloatRange>& range) const {
+        return resolveRangeConstant(range, typeId, stores.floatRanges);
+    }
+    ParameterRange operator()(const RangeConstant<IntRange>& range) const {
+        return resolveRangeConstant(range, typeId, stores.intRanges);
+    }
+    ParameterRange operator()(const RangeConstant<StringRange>& range) const {
+        return resolveRangeConstant(range, typeId, stores.stringRanges);
+    }
+};
+
+/// The typeid that limits a parameter, or null.
+struct RangeTypeId {
+    const std::string* operator()(std::monostate /*none*/) const { return nullptr; }
+    const std::string* operator()(const CategoryReference& category) const { return &category.typeId; }
+    const std::string* operator()(const EnumerationReference& enumeration) const { return &enumeration.typeId; }
+    template <class Range> const std::string* operator()(const RangeConstant<Range>& range) const {
+        return range.rangeTypeId ? &*range.rangeTypeId : nullptr;
+    }
+};
+
+} // namespace
+
+std::optional<ParameterSchema> readParameterSchema(const SchemaDocument& document) {
+    const auto* form = std::find_if(forms.begin(), forms.end(), [&](const ParameterForm& candidate) {
+        return containsPrefix(document.baseSchema, candidate.prefix);
+    });
+    if (form == forms.end()) {
+        return std::nullopt;
+    }
+    ParameterSchema schema;
+    schema.primitiveType = form->primitiveType;
+    schema.name = readStringConstant(document, Frame::name);
+    schema.description = readAnyStringConstant(document, "description", std::string());
+    schema.sampleText = readAnyStringConstant(document, "sampleText", std::string());
+    schema.group =
+        readTypedValueConstant(document, "group", std::string(baseFor(Vocabulary::group, document.schemaFormat)));
+    schema.readOnly = readBoolConstant(document, "readOnly", false);
+    for (const ReadStep step : {form->readSpec, form->readRange, form->readData}) {
+        if (step != nullptr) {
+            step(document, *form, schema);
+        }
+    }
+    return schema;
+}
+
+Spec resolveSpecOfParameter(const std::string& typeId, const ParameterSchema& schema,
+                            const StoreList<Spec>& specStores) {
+    const Spec* base = findLegacyBaseSpec(schema.spec);
+    return base != nullptr ? *base : findDependency(specStores, typeId, schema.spec);
+}
+
+Parameter resolveParameter(const std::string& typeId, ParameterSchema schema, const ParameterStores& stores) {
+    Taxon group = resolveGroup(typeId, schema.group, stores.groups);
+    ParameterRange range = std::visit(RangeResolution{typeId, stores}, schema.range);
+    Spec spec = resolveSpecOfParameter(typeId, schema, stores.specs);
+    return Internals::make<Parameter>(typeId, std::move(schema.name), std::move(schema.description),
+                                      std::move(schema.sampleText), std::move(group), std::move(spec), std::move(range),
+                                      schema.readOnly);
+}
+
+TypeIdViews dependenciesOfParameterSchema(const ParameterSchema& schema) {
+    TypeIdViews typeIds = {schema.group, schema.spec};
+    if (const std::string* range = std::visit(RangeTypeId{}, schema.range)) {
+        typeIds.emplace_back(*range);
+    }
+    return typeIds;
+}
+
+void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,
+                             const Units::UnitsEngine& unitsEngine, const ObjectMap<Category>& categoryStore) {
+    result.insert(typeIdOf(parameter.getGroup()));
+    result.insert(parameter.getSpec().getTypeId());
+    dependenciesOfSpec(parameter.getSpec(), result, unitsEngine);
+    std::visit(
+        [&](const auto& range) {
+            using Range = std::decay_t<decltype(range)>;
+            if constexpr (!std::is_same_v<Range, std::monostate>) {
+                result.insert(typeIdOf(range));
+            }
+            if constexpr (std::is_same_v<Range, Category>) {
+                dependenciesOfCategory(range, result, categoryStore);
+            }
+        },
+        parameter.getRange());
+}
+
+} // namespace Parameters

@@ -1,0 +1,204 @@
+#include "specs/ParameterSchemaWriting.h"
+
+#include "schema/Conversion.h"
+#include "schema/Frame.h"
+#include "schema/VersionedFrame.h"
+#include "specs/PrimitiveSpecs.h"
+#include "taxonomy/CategoryData.h"
+#include "taxonomy/EnumerationData.h"
+#include "taxonomy/NumericRangeSchema.h"
+#include "taxonomy/StringRangeSchema.h"
+#include "taxonomy/TaxonData.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Parameters {
+
+namespace {
+
+using V = DataModelVersion;
+
+void addCommonParameterConstants(const JSON& target, std::vector<JSON>& members, const Parameter& parameter,
+                                 DataModelVersion version) {
+    const bool typed = usesFullFrame(parameter.getSchemaFormat(), version);
+    members.push_back(createNameMember(target, parameter.getName(), typed));
+    if (!parameter.getDescription().empty()) {
+        members.push_back(createStringMember(target, "description", parameter.getDescription(), typed));
+    }
+    if (!parameter.getSampleText().empty()) {
+        members.push_back(createStringMember(target, "sampleText", parameter.getSampleText(), typed));
+    }
+    const std::string& group = typeIdOf(parameter.getGroup());
+    if (!containsPrefix(group, Vocabulary::group.prefix)) {
+        members.push_back(createTypedValueMember(target, "group", group));
+    }
+    if (parameter.isReadOnly()) {
+        members.push_back(createBoolMember(target, "readOnly", true, typed));
+    }
+}
+
+/// The property {"id":id,"typeid":typeId}, alone in its section.
+void addTypeIdProperty(JSON& target, std::string_view id, std::string_view typeId) {
+    JSON property = createMember(target, id);
+    addString(property, target, Frame::typeId, typeId);
+    std::vector<JSON> properties;
+    properties.push_back(std::move(property));
+    addProperties(target, properties);
+}
+
+/// The base schemas of a parameter by what limits it, and the format that decides the frame: that of the range where
+/// there is one.
+struct CurrentForm {
+    BaseSchemas bases;
+    Units::SchemaFormat format;
+};
+
+struct CurrentFormOf {
+    const Parameter& parameter;
+
+    CurrentForm operator()(std::monostate /*none*/) const {
+        return {Vocabulary::generalParameter, parameter.getSchemaFormat()};
+    }
+    CurrentForm operator()(const Enumeration& /*enumeration*/) const { return (*this)(std::monostate()); }
+    CurrentForm operator()(const Category& category) const {
+        return {Vocabulary::categorizedParameter, category.getSchemaFormat()};
+    }
+    CurrentForm operator()(const FloatRange& range) const {
+        return {Vocabulary::rangedFloatParameter, range.getSchemaFormat()};
+    }
+    CurrentForm operator()(const IntRange& range) const {
+        return {Vocabulary::rangedIntParameter, range.getSchemaFormat()};
+    }
+    CurrentForm operator()(const StringRange& range) const {
+        return {Vocabulary::rangedStringParameter, range.getSchemaFormat()};
+    }
+};
+
+/// Appends the constant that limits the parameter, if there is one.
+struct LimitConstant {
+    const JSON& target;
+    std::vector<JSON>& members;
+    DataModelVersion version;
+
+    void operator()(std::monostate /*none*/) const {}
+    void operator()(const Enumeration& /*enumeration*/) const {}
+    void operator()(const Category& category) const {
+        members.push_back(createTypedValueMember(target, "category", typeIdOf(category)));
+    }
+    template <class Number> void operator()(const NumericRange<Number>& range) const {
+        writeNumericRangeConstant(target, members, range, version);
+    }
+    void operator()(const StringRange& range) const { writeStringRangeConstant(target, members, range, version); }
+};
+
+/// For V2 and V3: the base schema says how the parameter is limited, a property names its spec.
+void writeCurrentParameterSchema(const Parameter& parameter, JSON& target, DataModelVersion version) {
+    const CurrentForm form = std::visit(CurrentFormOf{parameter}, parameter.getRange());
+    addVersionedFrame(target, parameter.getTypeId(), form.bases, form.format, version);
+    std::vector<JSON> members;
+    addCommonParameterConstants(target, members, parameter, version);
+    std::visit(LimitConstant{target, members, version}, parameter.getRange());
+    addConstants(target, members);
+    addTypeIdProperty(target, "data", parameter.getSpec().getTypeId());
+}
+
+/// A parameter document of V1, by the primitive type of the spec.
+struct LegacyForm {
+    LegacyPrimitiveType type;
+    std::string_view base;
+    /// The spec that needs no constant.
+    std::string_view defaultSpec;
+    /// Whether the document can hold the range.
+    bool (*takesRange)(const ParameterRange& range);
+};
+
+bool takesNone(const ParameterRange& /*range*/) { return false; }
+template <class Range> bool takes(const ParameterRange& range) { return std::holds_alternative<Range>(range); }
+
+constexpr std::array<LegacyForm, 6> legacyForms = {{
+    {LegacyPrimitiveType::General, Vocabulary::generalParameter.shortFrame, {}, takesNone},
+    {LegacyPrimitiveType::Boolean, Vocabulary::booleanParameter.typeId, Vocabulary::booleanSpec.typeId, takesNone},
+    {LegacyPrimitiveType::Integer, Vocabulary::integerParameter.typeId, Vocabulary::integerSpec.typeId,
+     takes<IntRange>},
+    {LegacyPrimitiveType::Float, Vocabulary::measurableParameter.typeId, {}, takes<FloatRange>},
+    {LegacyPrimitiveType::Reference, Vocabulary::referenceParameter.typeId, Vocabulary::referenceSpec.typeId,
+     takesNone},
+    {LegacyPrimitiveType::String, Vocabulary::stringParameter.typeId, Vocabulary::stringSpec.typeId,
+     takes<StringRange>},
+}};
+
+/// What limits the parameter, if it is of the kind that its spec asks for.
+template <class Range> const Range& requiredRange(const Parameter& parameter) {
+    const auto* range = std::get_if<Range>(&parameter.getRange());
+    if (range == nullptr) {
+        raiseNotRepresentable();
+    }
+    return *range;
+}
+
+/// The spec constant of a family type, with the category as an inline override.
+JSON createFamilyTypeMember(const JSON& target, const Parameter& parameter) {
+    const std::string& spec = parameter.getSpec().getTypeId();
+    const auto& family = Vocabulary::familyTypeSpec;
+    JSON category = JSON::createObject();
+    addString(category, target, Frame::typeId, typeIdOf(requiredRange<Category>(parameter)));
+    JSON overrides = JSON::createObject();
+    overrides.addMember(target, "category", category);
+    JSON typedValue = JSON::createObject();
+    addString(typedValue, target, Frame::typeId, containsPrefix(spec, family.majorPrefix) ? spec : family.typeId);
+    typedValue.addMember(target, Frame::typedValue, overrides);
+    JSON member = createMember(target, "spec");
+    member.addMember(target, Frame::typedValue, typedValue);
+    return member;
+}
+
+JSON createSpecMember(const JSON& target, const Parameter& parameter, LegacyPrimitiveType type) {
+    const std::string& spec = parameter.getSpec().getTypeId();
+    switch (type) {
+    case LegacyPrimitiveType::General:
+        return createValueMember(target, "spec", JSON::createObject(), spec);
+    case LegacyPrimitiveType::Reference:
+        if (containsPrefix(spec, Vocabulary::familyTypeSpec.prefix)) {
+            return createFamilyTypeMember(target, parameter);
+        }
+        break;
+    default:
+        break;
+    }
+    return createTypedValueMember(target, "spec", spec);
+}
+
+/// For V1: the base schema says the primitive type, constants name the spec and the range.
+void writeLegacyParameterSchema(const Parameter& parameter, JSON& target, LegacyPrimitiveType type) {
+    const LegacyForm& form = legacyForms.at(static_cast<std::size_t>(type));
+    addShortFrame(target, parameter.getTypeId(), form.base);
+    std::vector<JSON> members;
+    addCommonParameterConstants(target, members, parameter, V::V1);
+    if (!isExactly(parameter.getSpec().getTypeId(), form.defaultSpec)) {
+        members.push_back(createSpecMember(target, parameter, type));
+    }
+    if (form.takesRange(parameter.getRange())) {
+        std::visit(LimitConstant{target, members, V::V1}, parameter.getRange());
+    }
+    addConstants(target, members);
+    if (type == LegacyPrimitiveType::General) {
+        addTypeIdProperty(target, Frame::value, typeIdOf(requiredRange<Enumeration>(parameter)));
+    }
+}
+
+} // namespace
+
+void writeParameterSchema(const Parameter& parameter, JSON& target, DataModelVersion version) {
+    const auto type = primitiveTypeOf(parameter.getSpec().getValueTypeId());
+    if (version == V::V1 && type) {
+        writeLegacyParameterSchema(parameter, target, *type);
+    } else {
+        writeCurrentParameterSchema(parameter, target, version);
+    }
+}
+
+} // namespace Parameters

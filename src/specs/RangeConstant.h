@@ -1,0 +1,86 @@
+#pragma once
+
+#include "engine/StoreList.h"
+#include "schema/SchemaDocument.h"
+#include "schema/Text.h"
+#include "taxonomy/NumericRangeSchema.h"
+#include "taxonomy/StringRangeSchema.h"
+
+#include <Parameters/Parameter.h>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Parameters {
+
+/// The "range" constant of a parameter's document: nothing, the typeid of a range, or a range given inline under the
+/// typeid of a base schema.
+template <class Range> struct RangeConstant {
+    std::optional<std::string> rangeTypeId;
+    std::optional<Range> inlineRange;
+};
+
+/// Reads the inline value of a range, given the base schema that the constant names.
+inline void readInlineRange(std::string_view /*base*/, const JSON& value, Units::SchemaFormat format,
+                            std::optional<FloatRange>& range) {
+    range = readInlineNumericRange<double>(value, format);
+}
+inline void readInlineRange(std::string_view /*base*/, const JSON& value, Units::SchemaFormat format,
+                            std::optional<IntRange>& range) {
+    range = readInlineNumericRange<std::int64_t>(value, format);
+}
+inline void readInlineRange(std::string_view base, const JSON& value, Units::SchemaFormat format,
+                            std::optional<StringRange>& range) {
+    range = readInlineStringRange(base, value, format);
+}
+
+/// Reads the constant. A typeid among the inline bases must come with an inline value, any other must not.
+template <class Range, class Bases>
+[[nodiscard]] RangeConstant<Range> readRangeConstant(const SchemaDocument& document, const Bases& inlineBases) {
+    RangeConstant<Range> constant;
+    readMembers(
+        document.constants,
+        MemberHandler{
+            "range", [&](const JSON& json) {
+                constant.rangeTypeId = readTypeIdAttribute(json);
+                if (!constant.rangeTypeId) {
+                    document.raise(
+                        joined({"Schema ", document.typeId,
+                                " must specify a typeid string attribute in its range constant typedValue."}));
+                }
+                const std::string& typeId = *constant.rangeTypeId;
+                const JSON value = json.getMember(Frame::value);
+                if (std::find(inlineBases.begin(), inlineBases.end(), typeId) != inlineBases.end()) {
+                    if (!json.hasMember(Frame::value)) {
+                        document.raise(joined({"Inline value override is required when specifying range schema ",
+                                               typeId, " in range constant typedValue."}));
+                    }
+                    if (!value.isObject()) {
+                        document.raise("Inline value override in range constant typedValue must be an object.");
+                    }
+                    readInlineRange(typeId, value, document.schemaFormat, constant.inlineRange);
+                } else if (json.hasMember(Frame::value) && (!value.isObject() || value.getSize() != 0)) {
+                    document.raise(joined({"Inline value override for range schema ", typeId,
+                                           " in range constant typedValue, if present, must be an empty object."}));
+                }
+            }});
+    return constant;
+}
+
+/// The inline range, the range that the constant names, or none.
+template <class Range>
+[[nodiscard]] ParameterRange resolveRangeConstant(const RangeConstant<Range>& constant, const std::string& schemaTypeId,
+                                                  const StoreList<Range>& stores) {
+    if (constant.inlineRange) {
+        return *constant.inlineRange;
+    }
+    if (constant.rangeTypeId) {
+        return findDependency(stores, schemaTypeId, *constant.rangeTypeId);
+    }
+    return std::monostate();
+}
+
+} // namespace Parameters
