@@ -66,7 +66,8 @@ public:
     ///         of the units library. A typeid that is merely registered counts as known.
     /// @throws ValidationException  the text is no JSON ("JSON parsing error at offset {offset}: ..."), no schema
     ///         document, or of a known kind and invalid; the engine is unchanged. "Schema with typeid {typeid} is
-    ///         already registered." for a duplicate.
+    ///         already registered." for a duplicate. For a document of none of this library's kinds what the units
+    ///         library has against it.
     std::pair<std::set<std::string>, std::set<std::string>> registerSchema(const std::string& schemaText);
 
     /// Registers the documents whose key is not yet registered, in the order of the keys, and then calls
@@ -191,8 +192,8 @@ public:
     /// Whether the typeid is built in, finished, pending, imported, or known to the units engine.
     [[nodiscard]] bool isRegistered(const std::string& typeId) const;
 
-    /// The embedded units engine; lives as long as this engine is not moved from. What is done through it takes effect
-    /// at once.
+    /// The embedded units engine; lives until this engine is destroyed, moved from or moved to. What is done through it
+    /// takes effect at once.
     [[nodiscard]] Units::UnitsEngine& getUnitsEngine();
     [[nodiscard]] const Units::UnitsEngine& getUnitsEngine() const;
 

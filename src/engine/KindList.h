@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace Parameters {
@@ -13,8 +14,18 @@ template <class... Kinds> struct KindList {
     /// Calls visit with each kind in turn.
     template <class Visit> static void forEach(Visit visit) { (visit(Kinds{}), ...); }
 
+    /// Whether the list has all of these kinds and no other.
+    template <class... Others> [[nodiscard]] static constexpr bool isOrderOf(KindList<Others...> /*others*/) noexcept {
+        return sizeof...(Kinds) == sizeof...(Others) && (contains<Others>() && ...);
+    }
+
     /// Calls test with one kind after the other until it returns true; whether it ever did.
     template <class Test> static bool any(Test test) { return (test(Kinds{}) || ...); }
+
+private:
+    template <class Kind> [[nodiscard]] static constexpr bool contains() noexcept {
+        return (std::is_same_v<Kind, Kinds> || ...);
+    }
 };
 
 } // namespace Parameters

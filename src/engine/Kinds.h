@@ -237,4 +237,8 @@ using ImportOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, Stri
 using AllKinds = KindList<ParameterKind, SpecKind, EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind,
                           DisciplineKind, DomainKind, GroupKind, CategoryKind>;
 
+static_assert(IntakeOrder::isOrderOf(AllKinds{}) && ResolutionOrder::isOrderOf(AllKinds{}) &&
+                  ImportOrder::isOrderOf(AllKinds{}),
+              "an order that lacks a kind would lose its items");
+
 } // namespace Parameters

@@ -30,8 +30,11 @@ ParametersEngine& ParametersEngine::operator=(const ParametersEngine& other) {
     }
     auto copy = std::make_unique<EngineImpl>(*other.impl_);
     if (impl_) {
-        // Not replaced as a whole: the units engine may be referred to.
-        *impl_ = std::move(*copy);
+        // Not replaced as a whole: the units engine may be referred to. Its own assignment is the only one that can
+        // fail, if a host's units library only copies.
+        impl_->units = std::move(copy->units);
+        impl_->primary = std::move(copy->primary);
+        impl_->imported = std::move(copy->imported);
     } else {
         impl_ = std::move(copy);
     }

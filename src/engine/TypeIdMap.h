@@ -11,7 +11,7 @@
 
 namespace Parameters {
 
-/// Keyed by where the library was loaded, so that a document can't choose typeids that collide.
+/// Keyed by where the library was loaded, which makes it hard to write documents whose typeids collide.
 [[nodiscard]] std::uint32_t hashOfTypeId(std::string_view typeId) noexcept;
 
 /// A typeid with its hash, which serves the look-ups in several maps.

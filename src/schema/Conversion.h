@@ -1,5 +1,7 @@
 #pragma once
 
+#include "schema/Frame.h"
+
 #include <Parameters/DataModelVersion.h>
 #include <Parameters/Exceptions.h>
 #include <Units/SchemaFormat.h>
@@ -41,13 +43,13 @@ struct Conversion {
 [[nodiscard]] constexpr std::string_view versionText(DataModelVersion version) noexcept {
     switch (version) {
     case DataModelVersion::V1:
-        return "1.0.0";
+        return Frame::version1;
     case DataModelVersion::V2:
-        return "2.0.0";
+        return Frame::version2;
     case DataModelVersion::V3:
         break;
     }
-    return "3.0.0";
+    return Frame::version3;
 }
 
 } // namespace Parameters

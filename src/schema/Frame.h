@@ -25,4 +25,9 @@ inline constexpr std::string_view specificationMarker = "lumar-data-schema-2.0.0
 inline constexpr std::string_view componentType = "component";
 inline constexpr std::string_view enumType = "enum";
 
+/// Versions of the data model as documents name them.
+inline constexpr std::string_view version1 = "1.0.0";
+inline constexpr std::string_view version2 = "2.0.0";
+inline constexpr std::string_view version3 = "3.0.0";
+
 } // namespace Parameters::Frame

@@ -166,7 +166,8 @@ struct JSON::Access {
 };
 
 JSON::JSON(std::unique_ptr<Tree, TreeDeleter> tree) noexcept
-    : viewed_(&tree->document), exceptionFactory_(tree->exceptionFactory.get()), tree_(std::move(tree)) {
+    : viewed_(static_cast<const Value*>(&tree->document)), exceptionFactory_(tree->exceptionFactory.get()),
+      tree_(std::move(tree)) {
     new (own_) Value();
 }
 

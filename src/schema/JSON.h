@@ -18,8 +18,8 @@
 /// moved-from handle included, which counts as null. Reads are for values that passed the matching test.
 class JSON {
 public:
-    /// Parses text up to its first NUL. Errors, a nesting deeper than maximumDepth among them, are raised through the
-    /// factory as "JSON parsing error at offset {offset}: {message}".
+    /// Parses text up to its first NUL. Errors are raised through the factory as "JSON parsing error at offset
+    /// {offset}: {message}"; a nesting deeper than maximumDepth and a number beyond the range of double are among them.
     [[nodiscard]] static JSON parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text);
 
     /// Deepest nesting of objects and arrays that parse() accepts: the parser recurses once for each level.
@@ -47,7 +47,7 @@ public:
     ~JSON() = default;
 
     /// Appends a member to this object without looking for one of the same name. The value is moved from and holds null
-    /// afterwards.
+    /// afterwards. Neither may be a view.
     void addMember(const JSON& document, std::string_view key, JSON& value);
 
     [[nodiscard]] bool isObject() const noexcept;
@@ -63,7 +63,7 @@ public:
     [[nodiscard]] std::int64_t getInt64() const;
     /// The characters up to the first NUL.
     [[nodiscard]] std::string getString() const;
-    /// The same without a copy; valid as long as the tree.
+    /// The same without a copy; valid as long as the tree and, in a value handle, as the handle.
     [[nodiscard]] std::string_view getStringView() const;
     /// Number of members of an object or of elements of an array.
     [[nodiscard]] std::uint32_t getSize() const;

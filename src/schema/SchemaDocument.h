@@ -68,7 +68,8 @@ template <class Handle> struct MemberHandler {
 };
 template <class Handle> MemberHandler(std::string_view, Handle) -> MemberHandler<Handle>;
 
-/// Calls each handler, in the order given, whose key the section holds. Members without a handler are ignored.
+/// Calls each handler whose key the section holds. Handlers stand in ascending order of their keys, which is the order
+/// in which faults are reported. Members without a handler are ignored.
 template <class... Handles> void readMembers(const SchemaMembers& section, const MemberHandler<Handles>&... handlers) {
     const auto read = [&section](const auto& handler) {
         if (const JSON* member = section.find(handler.key)) {

@@ -9,7 +9,7 @@
 
 namespace Parameters {
 
-// What the units library throws must not reach a host in the units library's own types.
+// Faults that the units library finds reach a host in this library's exceptions.
 
 /// The answer to a typeid that neither this library nor the units library knows.
 [[noreturn]] inline void raiseUnknownTypeId(std::string_view typeId) {

@@ -5,15 +5,31 @@
 /// Texts of small schema documents. Names and typeids are put in as they are, without JSON escapes.
 namespace Documents {
 
+inline std::string sections(const std::string& constants, const std::string& properties) {
+    return R"("constants":[)" + constants + (properties.empty() ? "]}" : R"(],"properties":[)" + properties + "]}");
+}
+
 /// A document without "schemaSpecification".
-inline std::string shortForm(const std::string& typeId, const std::string& base, const std::string& constants) {
-    return R"({"typeid":")" + typeId + R"(","inherits":[")" + base + R"("],"constants":[)" + constants + "]}";
+inline std::string shortForm(const std::string& typeId, const std::string& base, const std::string& constants,
+                             const std::string& properties = "") {
+    return R"({"typeid":")" + typeId + R"(","inherits":[")" + base + R"("],)" + sections(constants, properties);
 }
 
 /// A document with "schemaSpecification".
-inline std::string fullForm(const std::string& typeId, const std::string& base, const std::string& constants) {
+inline std::string fullForm(const std::string& typeId, const std::string& base, const std::string& constants,
+                            const std::string& properties = "") {
     return R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":")" + typeId +
-           R"(","inherits":[")" + base + R"("],"sealed":true,"constants":[)" + constants + "]}";
+           R"(","inherits":[")" + base + R"("],"sealed":true,)" + sections(constants, properties);
+}
+
+/// A constant whose value is a JSON text.
+inline std::string constant(const std::string& id, const std::string& value) {
+    return R"({"id":")" + id + R"(","value":)" + value + "}";
+}
+
+/// A constant that refers to a schema.
+inline std::string reference(const std::string& id, const std::string& typeId) {
+    return R"({"id":")" + id + R"(","typedValue":{"typeid":")" + typeId + R"("}})";
 }
 
 inline std::string nameConstant(const std::string& name) { return R"({"id":"name","value":")" + name + R"("})"; }

@@ -25,7 +25,6 @@ constexpr std::string_view firstDimensionPrefix = "quovanta.unit:dimension-1.";
 constexpr std::string_view firstUnitPrefix = "quovanta.unit:unit-1.";
 
 constexpr std::string_view dimensionConstant = "dimension";
-constexpr std::string_view currentDataModel = "3.0.0";
 
 class ValidationExceptionFactory final : public ExceptionFactory {
 public:
@@ -71,7 +70,7 @@ Item readItem(const SchemaDocument& document, const std::string& text) {
 /// The document of an item for readers that don't know "schemaSpecification".
 std::string writeDowngraded(const std::string& typeId, const Item& item) {
     JSON target = JSON::createDocument();
-    addString(target, target, Frame::downgradedFrom, currentDataModel);
+    addString(target, target, Frame::downgradedFrom, Frame::version3);
     addShortFrame(target, typeId, item.baseSchema);
     std::vector<JSON> constants;
     constants.push_back(createNameMember(target, item.name, false));
