@@ -4,7 +4,7 @@
 
 namespace Parameters {
 
-/// A span of double-precision numbers.
+/// A span of double-precision numbers. An alias, which a host includes and cannot declare in advance.
 using FloatRange = NumericRange<double>;
 
 } // namespace Parameters

@@ -19,11 +19,13 @@ public:
     /// A range with a typeid of its own. Stores what it is given.
     NumericRange(const std::string& typeId, bool fromBottom, Number bottomBoundary, bool fromTop, Number topBoundary,
                  Units::SchemaFormat schemaFormat);
-    /// An inline range: its typeid is the static base of its family,
-    /// "quovanta.range:range.float64.bounded.static-" or "quovanta.range:range.int64.bounded.static-", in version 2.0.0
-    /// for LumarDataSchema and 1.0.0 otherwise.
-    explicit NumericRange(bool fromBottom = false, Number bottomBoundary = 0, bool fromTop = false,
-                          Number topBoundary = 0, Units::SchemaFormat schemaFormat = Units::SchemaFormat::PropertySets);
+    /// An inline range: its typeid is the static base of its family, "quovanta.range:range.float64.bounded.static-" or
+    /// "quovanta.range:range.int64.bounded.static-", in version 2.0.0 for LumarDataSchema and 1.0.0 otherwise.
+    NumericRange(bool fromBottom, Number bottomBoundary, bool fromTop = false, Number topBoundary = 0,
+                 Units::SchemaFormat schemaFormat = Units::SchemaFormat::PropertySets);
+    /// The same with boundaries of 0; by default the range is unbounded.
+    explicit NumericRange(bool fromBottom);
+    NumericRange();
     NumericRange(const NumericRange&) noexcept = default;
     NumericRange& operator=(const NumericRange&) noexcept = default;
     ~NumericRange();

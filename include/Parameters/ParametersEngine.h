@@ -74,10 +74,9 @@ public:
     /// resolveSchemas().
     ///
     /// @param schemas  schema texts by typeid. A text is registered under the typeid that stands in it, whatever its
-    /// key.
+    ///         key.
     /// @throws ValidationException  as registerSchema() and resolveSchemas(). A document that fails ends the call:
-    /// those
-    ///         before it stay pending.
+    ///         those before it stay pending.
     void registerSchemas(const std::map<std::string, std::string>& schemas);
 
     /// Registers one schema document as registerSchema() does, and copies from another engine what it needs, directly
@@ -87,10 +86,9 @@ public:
     /// @param context  only read, and not changed by anybody else meanwhile.
     /// @return typeids that the document refers to and that neither engine knows.
     /// @throws ValidationException  as registerSchema(), and then nothing has changed; or a copied object is refused by
-    /// its
-    ///         check. UnrecognizedIdentifierException "Could not find any object with typeid {typeid}." if something
-    ///         needed is pending or imported in the context. In these two cases the schema stays pending, and what has
-    ///         been copied stays.
+    ///         its check. UnrecognizedIdentifierException "Could not find any object with typeid {typeid}." if
+    ///         something needed is pending or imported in the context. In these two cases the schema stays pending, and
+    ///         what has been copied stays.
     std::set<std::string> registerSchemaWithContext(const std::string& schemaText, const ParametersEngine& context);
 
     /// Finishes everything that is pending, as one transaction: references are followed, the objects are made, and only
@@ -104,6 +102,7 @@ public:
 
     /// @}
     /// @name Taking in objects
+    ///
     /// An object is checked against the finished objects and is finished at once. It has no text of its own:
     /// getSchema() writes one. All throw ValidationException and leave the engine unchanged: "Typeid must not be
     /// empty.", "Schema with typeid {typeid} is already registered.", and what each of them says.
@@ -121,8 +120,7 @@ public:
     /// @throws ValidationException  "Name must not be empty."
     void registerDomain(const Taxon& domain);
     /// @throws ValidationException  "Enumeration must specify at least one value.", "ID of value in enumeration must
-    /// not be
-    ///         empty.", "Value {id} must appear only once."
+    ///         not be empty.", "Value {id} must appear only once."
     void registerEnumeration(const Enumeration& enumeration);
     /// Takes any range.
     void registerFloatRange(const FloatRange& range);
@@ -134,12 +132,12 @@ public:
     /// base specs of Defaults and ranges of a static base need not be registered.
     ///
     /// @throws ValidationException  in this order: "Name must not be empty."; "Could not find group with typeid
-    /// {typeid}.";
-    ///         for a string range "Value {value} must appear only once." and "String range using base schema typeid
-    ///         {typeid} ..."; "Could not find {kind} with typeid {typeid}." for the range; "Family Type parameter must
-    ///         specify a category."; "Primitive reference parameter may use only major version 1 of the family type
-    ///         base spec."; "Could not find spec with typeid {typeid}."; "Parameter with an enumeration range must use
-    ///         a legacy general spec."; "Parameter with a legacy general spec must use an enumeration range."
+    ///         {typeid}."; for a string range "Value {value} must appear only once." and "String range using base
+    ///         schema typeid {typeid} ..."; "Could not find {kind} with typeid {typeid}." for the range; "Family Type
+    ///         parameter must specify a category."; "Primitive reference parameter may use only major version 1 of the
+    ///         family type base spec."; "Could not find spec with typeid {typeid}."; "Parameter with an enumeration
+    ///         range must use a legacy general spec."; "Parameter with a legacy general spec must use an enumeration
+    ///         range."
     void registerParameter(const Parameter& parameter);
     /// What is stored holds the registered discipline and units under the typeids given. The default discipline need
     /// not be registered.
@@ -156,6 +154,7 @@ public:
 
     /// @}
     /// @name Queries
+    ///
     /// They find finished objects only and return copies, which stay valid whatever becomes of the engine. The maps
     /// hold all finished objects of a kind by typeid. A typeid that is not that of a finished object of the kind:
     /// UnrecognizedIdentifierException "Could not find {kind} with typeid {typeid}."
@@ -217,8 +216,7 @@ public:
     /// The parameter of a document, made against what is finished.
     ///
     /// @throws ValidationException  as registerSchema() and resolveSchemas(); "Inheritance from an incorrect base
-    /// schema."
-    ///         for a document of another kind.
+    ///         schema." for a document of another kind.
     [[nodiscard]] Parameter readParameter(const std::string& text) const;
 
     /// The primitive type behind a parameter document: that of its form, else that of its spec's value type. General
@@ -228,6 +226,7 @@ public:
 
     /// @}
     /// @name Texts
+    ///
     /// These answer for finished items of this library and of the units library; any other typeid:
     /// UnrecognizedIdentifierException "Could not find any object with typeid {typeid}."
     /// @{
@@ -242,7 +241,7 @@ public:
     /// @throws ValidationException  "Cannot represent schema in requested format."
     [[nodiscard]] std::string getSchemaInCompatibleFormat(DataModelVersion version, const std::string& typeId) const;
 
-    /// Lowest and highest version that getSchemaInCompatibleFormat() can give.
+    /// Lowest and highest version in which the item can be represented.
     [[nodiscard]] std::pair<DataModelVersion, DataModelVersion>
     getCompatibleDataModelRange(const std::string& typeId) const;
 

@@ -33,7 +33,8 @@ private:
 class PARAMETERS_EXPORT SetStringRangeComponent {
 public:
     /// Stores the values as given; registration refuses repeated ones.
-    explicit SetStringRangeComponent(const std::vector<std::string>& allowedValues = {});
+    explicit SetStringRangeComponent(const std::vector<std::string>& allowedValues);
+    SetStringRangeComponent();
     ~SetStringRangeComponent();
     SetStringRangeComponent(const SetStringRangeComponent&) = default;
     SetStringRangeComponent(SetStringRangeComponent&&) noexcept = default;

@@ -39,7 +39,8 @@ bool storePending(EngineImpl& engine, SchemaDocument& document, const std::strin
 
 /// Whether the document was of one of the library's kinds and is now pending.
 bool takeSchema(EngineImpl& engine, const std::string& schemaText, TypeIds& first, TypeIds& second) {
-    SchemaDocument document = readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText);
+    JSON::Scratch scratch;
+    SchemaDocument document = readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText, &scratch);
     engine.requireUnregistered(document.typeId);
     return IntakeOrder::any(
         [&](auto kind) { return storePending<decltype(kind)>(engine, document, schemaText, first, second); });

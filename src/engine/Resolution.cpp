@@ -1,6 +1,8 @@
 #include "engine/EngineImpl.h"
 #include "schema/UnitsErrors.h"
 
+#include <exception>
+#include <string>
 #include <utility>
 
 namespace Parameters {
@@ -17,14 +19,46 @@ Registry stagePending(Registry& primary) noexcept {
     return staged;
 }
 
-/// Makes the objects of one kind, in the order of their typeids. None depends on another of its kind.
+/// Of the faults met so far that of the smallest typeid, which is the one to report.
+class FirstFault {
+public:
+    [[nodiscard]] bool isBefore(const std::string& typeId) const noexcept { return fault_ && typeId_ < typeId; }
+
+    /// For the handler of an exception that was thrown for a typeid that the fault is not before.
+    void catchCurrent(const std::string& typeId) {
+        typeId_ = typeId;
+        fault_ = std::current_exception();
+    }
+
+    void rethrow() const {
+        if (fault_) {
+            std::rethrow_exception(fault_);
+        }
+    }
+
+private:
+    std::string typeId_;
+    std::exception_ptr fault_;
+};
+
+/// Makes the objects of one kind. None depends on another of its kind, so they are made as they come, without sorting
+/// them by typeid: that order shows in which of several faults is reported, and nowhere else.
 template <class Kind> void resolveStage(KindStore<Kind>& staged, const LookupScope& scope) {
     auto pending = std::exchange(staged.pending, {});
     staged.finished.reserveMore(pending.size());
-    for (auto* entry : pending.sorted()) {
-        auto object = Kind::resolve(entry->typeId, std::move(entry->value.body), scope);
-        staged.finished.insert(std::move(entry->typeId), {std::move(object), std::move(entry->value.text)});
+    FirstFault fault;
+    for (auto& entry : pending) {
+        if (fault.isBefore(entry.typeId)) {
+            continue;
+        }
+        try {
+            auto object = Kind::resolve(entry.typeId, std::move(entry.value.body), scope);
+            staged.finished.insert(std::move(entry.typeId), {std::move(object), std::move(entry.value.text)});
+        } catch (const ValidationException&) {
+            fault.catchCurrent(entry.typeId);
+        }
     }
+    fault.rethrow();
 }
 
 /// Only now do all categories stand, so that a parent may come behind its subcategory.

@@ -117,11 +117,14 @@ const char* messageFor(rapidjson::ParseErrorCode code) {
 } // namespace
 
 struct JSON::Tree {
-    explicit Tree(std::shared_ptr<ExceptionFactory> factory) : exceptionFactory(std::move(factory)) {}
+    Tree(std::shared_ptr<ExceptionFactory> factory, Scratch* scratch)
+        : exceptionFactory(std::move(factory)),
+          pool(scratch != nullptr ? Pool(scratch->memory, sizeof(scratch->memory), poolBlock, &memory)
+                                  : Pool(poolBlock, &memory)) {}
 
     std::shared_ptr<ExceptionFactory> exceptionFactory;
     ThrowingAllocator memory;
-    Pool pool{poolBlock, &memory};
+    Pool pool;
     Document document{&pool, stackSize, &memory};
 
     static constexpr std::size_t poolBlock = 64 * 1024;
@@ -211,13 +214,16 @@ JSON& JSON::operator=(JSON&& other) noexcept {
     return *this;
 }
 
-JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text) {
-    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(std::move(exceptionFactory))));
+JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text, Scratch* scratch) {
+    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(std::move(exceptionFactory), scratch)));
+    // Parsed in place: the strings of the tree are parts of the copy.
+    char* copy = static_cast<char*>(json.tree_->pool.Malloc(text.size() + 1));
+    std::memcpy(copy, text.c_str(), text.size() + 1);
     rapidjson::ParseResult result;
     auto generate = [&](Document& document) {
-        rapidjson::GenericStringStream<Encoding> stream(text.c_str());
+        rapidjson::GenericInsituStringStream<Encoding> stream(copy);
         BoundedHandler handler(document);
-        result = Reader().Parse<rapidjson::kParseDefaultFlags>(stream, handler);
+        result = Reader().Parse<rapidjson::kParseDefaultFlags | rapidjson::kParseInsituFlag>(stream, handler);
         if (handler.metTooBigNumber()) {
             result.Set(rapidjson::kParseErrorNumberTooBig, result.Offset());
         }
@@ -231,8 +237,8 @@ JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::
     return json;
 }
 
-JSON JSON::createDocument() {
-    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(nullptr)));
+JSON JSON::createDocument(Scratch* scratch) {
+    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(nullptr, scratch)));
     json.tree_->document.SetObject();
     return json;
 }

@@ -18,15 +18,22 @@
 /// moved-from handle included, which counts as null. Reads are for values that passed the matching test.
 class JSON {
 public:
+    /// Memory for one small tree, to be put on the stack by operations that are done with the tree when they return.
+    struct Scratch {
+        alignas(16) std::byte memory[16 * 1024];
+    };
+
     /// Parses text up to its first NUL. Errors are raised through the factory as "JSON parsing error at offset
     /// {offset}: {message}"; a nesting deeper than maximumDepth and a number beyond the range of double are among them.
-    [[nodiscard]] static JSON parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text);
+    /// The scratch, if there is one, must outlive the tree.
+    [[nodiscard]] static JSON parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text,
+                                    Scratch* scratch = nullptr);
 
     /// Deepest nesting of objects and arrays that parse() accepts: the parser recurses once for each level.
     static constexpr unsigned maximumDepth = 512;
 
     /// A new document whose root is an empty object.
-    [[nodiscard]] static JSON createDocument();
+    [[nodiscard]] static JSON createDocument(Scratch* scratch = nullptr);
     /// A value handle with an empty object.
     [[nodiscard]] static JSON createObject();
 

@@ -16,7 +16,8 @@ std::string writtenText(const typename Kind::Object& object, const Conversion& c
     if (!conversion.representable.contains(version)) {
         raiseNotRepresentable();
     }
-    JSON document = JSON::createDocument();
+    JSON::Scratch scratch;
+    JSON document = JSON::createDocument(&scratch);
     if (version < conversion.natural.lowest) {
         addString(document, document, Frame::downgradedFrom, versionText(conversion.natural.lowest));
     }

@@ -145,8 +145,9 @@ const JSON* SchemaMembers::find(std::string_view id) const noexcept {
     return found != members_.end() && found->id == id ? &found->json : nullptr;
 }
 
-SchemaDocument readSchemaDocument(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text) {
-    JSON root = JSON::parse(std::move(exceptionFactory), text);
+SchemaDocument readSchemaDocument(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text,
+                                  JSON::Scratch* scratch) {
+    JSON root = JSON::parse(std::move(exceptionFactory), text, scratch);
     const JSON typeId = root.getMember(Frame::typeId);
     if (!typeId.isString()) {
         root.raise("Schema must specify a typeid string.");

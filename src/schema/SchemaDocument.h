@@ -59,7 +59,7 @@ struct SchemaDocument {
 
 /// Parses a text and checks the frame. All errors of it, and of the readers below, are raised through the factory.
 [[nodiscard]] SchemaDocument readSchemaDocument(std::shared_ptr<ExceptionFactory> exceptionFactory,
-                                                const std::string& text);
+                                                const std::string& text, JSON::Scratch* scratch = nullptr);
 
 /// What to do with the member of one key.
 template <class Handle> struct MemberHandler {

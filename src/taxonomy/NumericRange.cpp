@@ -15,6 +15,10 @@ NumericRange<Number>::NumericRange(bool fromBottom, Number bottomBoundary, bool 
     : NumericRange(std::string(baseFor(NumericRangeFamily<Number>::bases, schemaFormat)), fromBottom, bottomBoundary,
                    fromTop, topBoundary, schemaFormat) {}
 
+template <class Number> NumericRange<Number>::NumericRange(bool fromBottom) : NumericRange(fromBottom, 0) {}
+
+template <class Number> NumericRange<Number>::NumericRange() : NumericRange(false) {}
+
 template <class Number>
 NumericRange<Number>::NumericRange(std::shared_ptr<const Data> data) noexcept : data_(std::move(data)) {}
 

@@ -27,7 +27,7 @@ struct StringRangeSchema {
 void writeStringRangeSchema(const StringRange& range, JSON& target, DataModelVersion version);
 
 /// The range that a parameter's document gives inline, in an object, under a base schema. The base decides the form of
-/// the object; the range's typeid goes by the document's format.
+/// the value, which must be an object; the range's typeid goes by the document's format.
 [[nodiscard]] StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value,
                                                 Units::SchemaFormat format);
 

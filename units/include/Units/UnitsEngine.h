@@ -43,8 +43,8 @@ public:
     void resolveSchemas();
 
     /// Copies an item as it stands in the source, pending or finished, with its text, and the dimension that it refers
-    /// to, each unless this engine knows its typeid. A typeid that this
-    /// engine knows ends the call before the source is asked. Out of memory, the dimension may have been copied alone.
+    /// to, each unless this engine knows its typeid. A typeid that this engine knows ends the call before the source is
+    /// asked. Out of memory, the dimension may have been copied alone.
     ///
     /// @throws UnrecognizedIdentifierException  "Could not find any object with typeid {typeid}."
     void copyItem(const std::string& typeId, const UnitsEngine& source);
