@@ -196,10 +196,10 @@ public:
     [[nodiscard]] Units::UnitsEngine& getUnitsEngine();
     [[nodiscard]] const Units::UnitsEngine& getUnitsEngine() const;
 
-    /// Typeids that a finished item of this library or of the units library depends on, built-in ones left out: a
-    /// spec's discipline and units with what those depend on; a category's domain and disciplines, or its parent and
-    /// the parent's domain and disciplines; a parameter's group, spec and range with what the spec and a category
-    /// depend on. Items of the other kinds depend on nothing.
+    /// Typeids that a finished item of this library or of the units library depends on, for items of this library
+    /// without the built-in ones: a spec's discipline and units with what those depend on; a category's domain and
+    /// disciplines, or its parent and the parent's domain and disciplines; a parameter's group, spec and range with
+    /// what the spec and a category depend on. Items of the other kinds depend on nothing.
     ///
     /// @throws UnrecognizedIdentifierException  "Could not find any object with typeid {typeid}."
     [[nodiscard]] std::set<std::string> getDependencies(const std::string& typeId) const;

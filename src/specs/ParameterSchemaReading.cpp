@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -126,38 +127,31 @@ constexpr std::array<std::string_view, 6> stringBases = {
     Vocabulary::regexStringRange.shortFrame,   Vocabulary::defaultStringRange.fullFrame,
     Vocabulary::setStringRange.fullFrame,      Vocabulary::regexStringRange.fullFrame};
 
+constexpr std::string_view noDefaultSpec;
+
 /// In the order in which a base schema is compared with them.
-constexpr std::array<ParameterForm, 10> forms = {{
+constexpr ParameterForm forms[] = {
     {Vocabulary::booleanParameter.prefix, LegacyPrimitiveType::Boolean, Vocabulary::booleanSpec.typeId,
      readSpecConstant, nullptr, nullptr},
     {Vocabulary::integerParameter.prefix, LegacyPrimitiveType::Integer, Vocabulary::integerSpec.typeId,
      readSpecConstant, readRange<IntRange, legacyIntBases>, nullptr},
-    {Vocabulary::measurableParameter.prefix,
-     LegacyPrimitiveType::Float,
-     {},
-     readSpecConstant,
-     readRange<FloatRange, legacyFloatBases>,
-     nullptr},
+    {Vocabulary::measurableParameter.prefix, LegacyPrimitiveType::Float, noDefaultSpec, readSpecConstant,
+     readRange<FloatRange, legacyFloatBases>, nullptr},
     {Vocabulary::referenceParameter.prefix, LegacyPrimitiveType::Reference, Vocabulary::referenceSpec.typeId,
      readReferenceSpecConstant, nullptr, nullptr},
     {Vocabulary::stringParameter.prefix, LegacyPrimitiveType::String, Vocabulary::stringSpec.typeId, readSpecConstant,
      readRange<StringRange, stringBases>, nullptr},
-    {Vocabulary::categorizedParameter.prefix, std::nullopt, {}, nullptr, readCategoryConstant, readDataProperty},
-    {Vocabulary::rangedFloatParameter.prefix,
-     std::nullopt,
-     {},
-     nullptr,
-     readRange<FloatRange, floatBases>,
+    {Vocabulary::categorizedParameter.prefix, std::nullopt, noDefaultSpec, nullptr, readCategoryConstant,
      readDataProperty},
-    {Vocabulary::rangedIntParameter.prefix, std::nullopt, {}, nullptr, readRange<IntRange, intBases>, readDataProperty},
-    {Vocabulary::rangedStringParameter.prefix,
-     std::nullopt,
-     {},
-     nullptr,
-     readRange<StringRange, stringBases>,
+    {Vocabulary::rangedFloatParameter.prefix, std::nullopt, noDefaultSpec, nullptr, readRange<FloatRange, floatBases>,
      readDataProperty},
-    {Vocabulary::generalParameter.prefix, std::nullopt, {}, nullptr, nullptr, readDataPropertyOrEnumeration},
-}};
+    {Vocabulary::rangedIntParameter.prefix, std::nullopt, noDefaultSpec, nullptr, readRange<IntRange, intBases>,
+     readDataProperty},
+    {Vocabulary::rangedStringParameter.prefix, std::nullopt, noDefaultSpec, nullptr,
+     readRange<StringRange, stringBases>, readDataProperty},
+    {Vocabulary::generalParameter.prefix, std::nullopt, noDefaultSpec, nullptr, nullptr, readDataPropertyOrEnumeration},
+};
+static_assert(std::size(forms) == 10, "one row for each form");
 
 Taxon resolveGroup(const std::string& typeId, const std::string& group, const StoreList<Taxon>& groupStores) {
     return containsPrefix(group, Vocabulary::group.prefix) ? DefaultTaxa::groups().withTypeId(group)
@@ -200,10 +194,10 @@ struct RangeTypeId {
 } // namespace
 
 std::optional<ParameterSchema> readParameterSchema(const SchemaDocument& document) {
-    const auto* form = std::find_if(forms.begin(), forms.end(), [&](const ParameterForm& candidate) {
+    const auto* form = std::find_if(std::begin(forms), std::end(forms), [&](const ParameterForm& candidate) {
         return containsPrefix(document.baseSchema, candidate.prefix);
     });
-    if (form == forms.end()) {
+    if (form == std::end(forms)) {
         return std::nullopt;
     }
     ParameterSchema schema;

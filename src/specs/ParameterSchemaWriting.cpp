@@ -106,31 +106,6 @@ void writeCurrentParameterSchema(const Parameter& parameter, JSON& target, DataM
     addTypeIdProperty(target, "data", parameter.getSpec().getTypeId());
 }
 
-/// A parameter document of V1, by the primitive type of the spec.
-struct LegacyForm {
-    LegacyPrimitiveType type;
-    std::string_view base;
-    /// The spec that needs no constant.
-    std::string_view defaultSpec;
-    /// Whether the document can hold the range.
-    bool (*takesRange)(const ParameterRange& range);
-};
-
-bool takesNone(const ParameterRange& /*range*/) { return false; }
-template <class Range> bool takes(const ParameterRange& range) { return std::holds_alternative<Range>(range); }
-
-constexpr std::array<LegacyForm, 6> legacyForms = {{
-    {LegacyPrimitiveType::General, Vocabulary::generalParameter.shortFrame, {}, takesNone},
-    {LegacyPrimitiveType::Boolean, Vocabulary::booleanParameter.typeId, Vocabulary::booleanSpec.typeId, takesNone},
-    {LegacyPrimitiveType::Integer, Vocabulary::integerParameter.typeId, Vocabulary::integerSpec.typeId,
-     takes<IntRange>},
-    {LegacyPrimitiveType::Float, Vocabulary::measurableParameter.typeId, {}, takes<FloatRange>},
-    {LegacyPrimitiveType::Reference, Vocabulary::referenceParameter.typeId, Vocabulary::referenceSpec.typeId,
-     takesNone},
-    {LegacyPrimitiveType::String, Vocabulary::stringParameter.typeId, Vocabulary::stringSpec.typeId,
-     takes<StringRange>},
-}};
-
 /// What limits the parameter, if it is of the kind that its spec asks for.
 template <class Range> const Range& requiredRange(const Parameter& parameter) {
     const auto* range = std::get_if<Range>(&parameter.getRange());
@@ -140,10 +115,22 @@ template <class Range> const Range& requiredRange(const Parameter& parameter) {
     return *range;
 }
 
-/// The spec constant of a family type, with the category as an inline override.
-JSON createFamilyTypeMember(const JSON& target, const Parameter& parameter) {
+JSON createPlainSpecMember(const JSON& target, const Parameter& parameter) {
+    return createTypedValueMember(target, "spec", parameter.getSpec().getTypeId());
+}
+
+/// The member of an enumeration parameter, whose own "typeid" names the spec.
+JSON createGeneralSpecMember(const JSON& target, const Parameter& parameter) {
+    return createValueMember(target, "spec", JSON::createObject(), parameter.getSpec().getTypeId());
+}
+
+/// A family type takes the category as an inline override.
+JSON createReferenceSpecMember(const JSON& target, const Parameter& parameter) {
     const std::string& spec = parameter.getSpec().getTypeId();
     const auto& family = Vocabulary::familyTypeSpec;
+    if (!containsPrefix(spec, family.prefix)) {
+        return createPlainSpecMember(target, parameter);
+    }
     JSON category = JSON::createObject();
     addString(category, target, Frame::typeId, typeIdOf(requiredRange<Category>(parameter)));
     JSON overrides = JSON::createObject();
@@ -156,32 +143,47 @@ JSON createFamilyTypeMember(const JSON& target, const Parameter& parameter) {
     return member;
 }
 
-JSON createSpecMember(const JSON& target, const Parameter& parameter, LegacyPrimitiveType type) {
-    const std::string& spec = parameter.getSpec().getTypeId();
-    switch (type) {
-    case LegacyPrimitiveType::General:
-        return createValueMember(target, "spec", JSON::createObject(), spec);
-    case LegacyPrimitiveType::Reference:
-        if (containsPrefix(spec, Vocabulary::familyTypeSpec.prefix)) {
-            return createFamilyTypeMember(target, parameter);
-        }
-        break;
-    default:
-        break;
-    }
-    return createTypedValueMember(target, "spec", spec);
-}
+bool takesNone(const ParameterRange& /*range*/) { return false; }
+template <class Range> bool takes(const ParameterRange& range) { return std::holds_alternative<Range>(range); }
+
+/// A parameter document of V1, by the primitive type of the spec.
+struct LegacyForm {
+    LegacyPrimitiveType type;
+    std::string_view base;
+    /// The spec that needs no constant.
+    std::string_view defaultSpec;
+    JSON (*createSpecMember)(const JSON& target, const Parameter& parameter);
+    /// Whether the document can hold the range.
+    bool (*takesRange)(const ParameterRange& range);
+};
+
+constexpr std::array<LegacyForm, 6> legacyForms = {{
+    {LegacyPrimitiveType::General, Vocabulary::generalParameter.shortFrame, {}, createGeneralSpecMember, takesNone},
+    {LegacyPrimitiveType::Boolean, Vocabulary::booleanParameter.typeId, Vocabulary::booleanSpec.typeId,
+     createPlainSpecMember, takesNone},
+    {LegacyPrimitiveType::Integer, Vocabulary::integerParameter.typeId, Vocabulary::integerSpec.typeId,
+     createPlainSpecMember, takes<IntRange>},
+    {LegacyPrimitiveType::Float, Vocabulary::measurableParameter.typeId, {}, createPlainSpecMember, takes<FloatRange>},
+    {LegacyPrimitiveType::Reference, Vocabulary::referenceParameter.typeId, Vocabulary::referenceSpec.typeId,
+     createReferenceSpecMember, takesNone},
+    {LegacyPrimitiveType::String, Vocabulary::stringParameter.typeId, Vocabulary::stringSpec.typeId,
+     createPlainSpecMember, takes<StringRange>},
+}};
 
 /// For V1: the base schema says the primitive type, constants name the spec and the range.
 void writeLegacyParameterSchema(const Parameter& parameter, JSON& target, LegacyPrimitiveType type) {
-    const LegacyForm& form = legacyForms.at(static_cast<std::size_t>(type));
-    addShortFrame(target, parameter.getTypeId(), form.base);
+    const auto* form = std::find_if(legacyForms.begin(), legacyForms.end(),
+                                    [type](const LegacyForm& candidate) { return candidate.type == type; });
+    if (form == legacyForms.end()) {
+        raiseNotRepresentable();
+    }
+    addShortFrame(target, parameter.getTypeId(), form->base);
     std::vector<JSON> members;
     addCommonParameterConstants(target, members, parameter, V::V1);
-    if (!isExactly(parameter.getSpec().getTypeId(), form.defaultSpec)) {
-        members.push_back(createSpecMember(target, parameter, type));
+    if (!isExactly(parameter.getSpec().getTypeId(), form->defaultSpec)) {
+        members.push_back(form->createSpecMember(target, parameter));
     }
-    if (form.takesRange(parameter.getRange())) {
+    if (form->takesRange(parameter.getRange())) {
         std::visit(LimitConstant{target, members, V::V1}, parameter.getRange());
     }
     addConstants(target, members);

@@ -150,11 +150,13 @@ void writeLegacySpecSchema(const Spec& spec, JSON& target) {
     } else if (type == LegacyPrimitiveType::Float) {
         constexpr BaseSchemas legacyBase{Vocabulary::measurableSpec.prefix, Vocabulary::legacyMeasurableSpec, {}};
         writeMeasurableSpecSchema(spec, target, legacyBase, V::V1);
-    } else {
+    } else if (type == LegacyPrimitiveType::General) {
         addShortFrame(target, spec.getTypeId(), Vocabulary::generalSpec.shortFrame);
         std::vector<JSON> members;
         addCommonSpecConstants(target, members, spec, false);
         addConstants(target, members);
+    } else {
+        raiseNotRepresentable();
     }
 }
 
