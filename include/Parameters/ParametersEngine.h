@@ -86,9 +86,10 @@ public:
     /// @param context  only read, and not changed by anybody else meanwhile.
     /// @return typeids that the document refers to and that neither engine knows.
     /// @throws ValidationException  as registerSchema(), and then nothing has changed; or a copied object is refused by
-    ///         its check. UnrecognizedIdentifierException "Could not find any object with typeid {typeid}." if
-    ///         something needed is pending or imported in the context. In these two cases the schema stays pending, and
-    ///         what has been copied stays.
+    ///         its check, such as a spec whose units are pending in this engine's units engine: resolve them first.
+    ///         UnrecognizedIdentifierException "Could not find any object with typeid {typeid}." if something needed is
+    ///         pending or imported in the context. In these two cases the schema stays pending, and what has been
+    ///         copied stays.
     std::set<std::string> registerSchemaWithContext(const std::string& schemaText, const ParametersEngine& context);
 
     /// Finishes everything that is pending, as one transaction: references are followed, the objects are made, and only
