@@ -10,6 +10,8 @@ namespace Parameters {
 namespace {
 
 using TypeIds = std::set<std::string>;
+/// Typeids of this library and of the units library.
+using MissingTypeIds = std::pair<TypeIds, TypeIds>;
 
 /// Adds to target those of the typeids that nobody knows. The schema that refers to them is about to be registered.
 void collectMissing(const EngineImpl& engine, const std::string& schemaTypeId, const TypeIdViews& typeIds,
@@ -25,41 +27,52 @@ void collectMissing(const EngineImpl& engine, const std::string& schemaTypeId, c
 /// Keeps the document as pending if it is of the kind; whether it is. What can fail is done before the store is
 /// touched.
 template <class Kind>
-bool storePending(EngineImpl& engine, SchemaDocument& document, const std::string& schemaText, TypeIds& first,
-                  TypeIds& second) {
+bool storePending(EngineImpl& engine, SchemaDocument& document, const std::string& schemaText,
+                  MissingTypeIds* missing) {
     auto body = Kind::read(document);
     if (!body) {
         return false;
     }
-    collectMissing(engine, document.typeId, Kind::dependenciesOfSchema(*body), first);
-    collectMissing(engine, document.typeId, Kind::unitDependenciesOfSchema(*body), second);
+    if (missing != nullptr) {
+        collectMissing(engine, document.typeId, Kind::dependenciesOfSchema(*body), missing->first);
+        collectMissing(engine, document.typeId, Kind::unitDependenciesOfSchema(*body), missing->second);
+    }
     engine.primary.store<Kind>().pending.insert(std::move(document.typeId), {*std::move(body), schemaText});
     return true;
 }
 
 /// Whether the document was of one of the library's kinds and is now pending.
-bool takeSchema(EngineImpl& engine, const std::string& schemaText, TypeIds& first, TypeIds& second) {
+bool takeSchema(EngineImpl& engine, const std::string& schemaText, MissingTypeIds* missing) {
     JSON::Scratch scratch;
     SchemaDocument document = readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText, &scratch);
     engine.requireUnregistered(document.typeId);
     return IntakeOrder::any(
-        [&](auto kind) { return storePending<decltype(kind)>(engine, document, schemaText, first, second); });
+        [&](auto kind) { return storePending<decltype(kind)>(engine, document, schemaText, missing); });
+}
+
+/// Registers the document here or, if it is of no kind of this library, in the units library.
+void registerDocument(EngineImpl& engine, const std::string& schemaText, MissingTypeIds* missing) {
+    if (takeSchema(engine, schemaText, missing)) {
+        return;
+    }
+    TypeIds missingUnits = withUnitsValidation([&] { return engine.units.registerSchema(schemaText); });
+    if (missing != nullptr) {
+        missing->second = std::move(missingUnits);
+    }
 }
 
 } // namespace
 
 std::pair<TypeIds, TypeIds> ParametersEngine::registerSchema(const std::string& schemaText) {
-    std::pair<TypeIds, TypeIds> missing;
-    if (!takeSchema(*impl_, schemaText, missing.first, missing.second)) {
-        missing.second = withUnitsValidation([&] { return impl_->units.registerSchema(schemaText); });
-    }
+    MissingTypeIds missing;
+    registerDocument(*impl_, schemaText, &missing);
     return missing;
 }
 
 void ParametersEngine::registerSchemas(const std::map<std::string, std::string>& schemas) {
     for (const auto& [typeId, schemaText] : schemas) {
         if (!impl_->isRegistered(typeId)) {
-            registerSchema(schemaText);
+            registerDocument(*impl_, schemaText, nullptr);
         }
     }
     resolveSchemas();

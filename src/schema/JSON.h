@@ -79,6 +79,8 @@ public:
     [[nodiscard]] bool hasMember(std::string_view key) const noexcept;
     /// A view of the first member of that name, or of a null value where there is none.
     [[nodiscard]] JSON getMember(std::string_view key) const;
+    /// Of a view that getMember() gave: whether there is such a member.
+    [[nodiscard]] bool exists() const noexcept { return viewed_ != nullptr; }
     /// One view an element.
     [[nodiscard]] std::vector<JSON> getArray() const;
     /// Keys and values of an object of strings; the last of several members of one name counts.

@@ -9,16 +9,17 @@ namespace Parameters {
 
 namespace {
 
-std::vector<std::string> readNonEmptyStringArray(const JSON& json) {
+/// The array "inherits", as views.
+std::vector<std::string_view> readNonEmptyStringArray(const JSON& json) {
     if (!json.isArray()) {
         json.raise("Expected an array.");
     }
-    std::vector<std::string> strings;
+    std::vector<std::string_view> strings;
     for (const JSON& element : json.getArray()) {
         if (!element.isString()) {
             json.raise("Expected an array of strings.");
         }
-        strings.push_back(element.getString());
+        strings.push_back(element.getStringView());
         if (strings.back().empty()) {
             json.raise("Expected an array of non-empty strings.");
         }
@@ -26,114 +27,104 @@ std::vector<std::string> readNonEmptyStringArray(const JSON& json) {
     return strings;
 }
 
-struct IndexedMember {
-    SchemaMember member;
-    std::size_t index;
-};
-
-/// What is wrong with an element of a member array by itself; nothing if it is in order.
-const char* faultOf(const JSON& element) {
+/// What is wrong with an element of a member array by itself; nothing if it is in order. The id is that of the element.
+const char* faultOf(const JSON& element, const JSON& id) {
     if (!element.isObject()) {
         return "Expected an object describing a property.";
     }
-    if (!element.hasMember(Frame::id)) {
+    if (!id.exists()) {
         return "A property definition must have an id attribute.";
     }
-    if (!element.getMember(Frame::id).isString()) {
+    if (!id.isString()) {
         return "A property's id attribute must be a string.";
     }
     return nullptr;
 }
 
 /// Of the ids that occur again, the one that does so first in the order of the array.
-const IndexedMember* firstRepetition(const std::vector<IndexedMember>& sorted) {
-    const IndexedMember* first = nullptr;
+const SchemaMember* firstRepetition(const std::vector<SchemaMember>& sorted) {
+    const SchemaMember* first = nullptr;
     for (std::size_t i = 1; i < sorted.size(); ++i) {
-        if (sorted[i].member.id == sorted[i - 1].member.id && (first == nullptr || sorted[i].index < first->index)) {
+        if (sorted[i].id == sorted[i - 1].id && (first == nullptr || sorted[i].index < first->index)) {
             first = &sorted[i];
         }
     }
     return first;
 }
 
-SchemaMembers readMemberArray(const JSON& root, std::string_view key) {
-    if (!root.hasMember(key)) {
+std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key) {
+    const JSON array = root.getMember(key);
+    if (!array.exists()) {
         return {};
     }
-    const JSON array = root.getMember(key);
     if (!array.isArray()) {
         root.raise(joined({"Expected schema ", key, " to be an array."}));
     }
     // An id is looked up among those before it only after the loop, so that a long array costs one sort. All
     // repetitions found then stand before the faulty element that ended the loop, and so are reported before it.
-    std::vector<IndexedMember> members;
+    std::vector<SchemaMember> members;
     members.reserve(array.getSize());
     const char* fault = nullptr;
     for (JSON& element : array.getArray()) {
-        fault = faultOf(element);
+        const JSON id = element.getMember(Frame::id);
+        fault = faultOf(element, id);
         if (fault != nullptr) {
             break;
         }
-        const std::string_view id = element.getMember(Frame::id).getStringView();
-        members.push_back({{id, std::move(element)}, members.size()});
+        members.push_back({id.getStringView(), std::move(element), members.size()});
     }
-    std::sort(members.begin(), members.end(), [](const IndexedMember& left, const IndexedMember& right) {
-        const int order = left.member.id.compare(right.member.id);
+    std::sort(members.begin(), members.end(), [](const SchemaMember& left, const SchemaMember& right) {
+        const int order = left.id.compare(right.id);
         return order != 0 ? order < 0 : left.index < right.index;
     });
-    if (const IndexedMember* repeated = firstRepetition(members)) {
-        root.raise(joined({"Item ", repeated->member.id, " in ", key, " array must be defined only once."}));
+    if (const SchemaMember* repeated = firstRepetition(members)) {
+        root.raise(joined({"Item ", repeated->id, " in ", key, " array must be defined only once."}));
     }
     if (fault != nullptr) {
         root.raise(fault);
     }
-    std::vector<SchemaMember> sorted;
-    sorted.reserve(members.size());
-    for (IndexedMember& member : members) {
-        sorted.push_back(std::move(member.member));
-    }
-    return SchemaMembers(std::move(sorted));
+    return members;
 }
 
 SchemaMembers readConstants(const JSON& root) {
-    std::vector<SchemaMember> values;
-    for (const auto& [id, json] : readMemberArray(root, Frame::constants)) {
-        if (json.hasMember(Frame::value)) {
-            values.push_back({id, json.getMember(Frame::value)});
-        } else if (json.hasMember(Frame::typedValue)) {
-            values.push_back({id, json.getMember(Frame::typedValue)});
-        } else {
+    std::vector<SchemaMember> constants = readMemberArray(root, Frame::constants);
+    for (SchemaMember& constant : constants) {
+        JSON value = constant.json.getMember(Frame::value);
+        if (!value.exists()) {
+            value = constant.json.getMember(Frame::typedValue);
+        }
+        if (!value.exists()) {
             root.raise("A property definition must contain either a value or a typedValue.");
         }
+        constant.json = std::move(value);
     }
-    return SchemaMembers(std::move(values));
+    return SchemaMembers(std::move(constants));
 }
 
 void readFormat(const JSON& root, SchemaDocument& document) {
-    if (!root.hasMember(Frame::schemaSpecification)) {
+    const JSON specification = root.getMember(Frame::schemaSpecification);
+    if (!specification.exists()) {
         return;
     }
-    const JSON specification = root.getMember(Frame::schemaSpecification);
-    const bool hasType = root.hasMember(Frame::schemaType);
     const JSON type = root.getMember(Frame::schemaType);
     if (!specification.isString() || specification.getStringView() != Frame::specificationMarker ||
-        (hasType && !type.isString())) {
+        (type.exists() && !type.isString())) {
         root.raise("Unsupported schema specification version.");
     }
     document.schemaFormat = Units::SchemaFormat::LumarDataSchema;
-    document.schemaType = hasType ? type.getStringView() : Frame::componentType;
+    document.schemaType = type.exists() ? type.getStringView() : Frame::componentType;
 }
 
 std::string_view readBaseSchema(const JSON& root) {
-    if (!root.hasMember(Frame::inherits)) {
+    const JSON inherits = root.getMember(Frame::inherits);
+    if (!inherits.exists()) {
         root.raise("Schema must specify an inheritance array.");
     }
-    const JSON inherits = root.getMember(Frame::inherits);
     const auto bases = readNonEmptyStringArray(inherits);
     if (bases.size() != 1) {
         root.raise("Inheritance clause must specify exactly one base schema.");
     }
-    return inherits.getArray().front().getStringView();
+    return bases.front();
 }
 
 } // namespace
@@ -161,8 +152,8 @@ SchemaDocument readSchemaDocument(std::shared_ptr<ExceptionFactory> exceptionFac
         document.baseSchema = readBaseSchema(document.root);
     }
     document.constants = readConstants(document.root);
-    document.properties = readMemberArray(document.root, Frame::properties);
-    document.enumItems = readMemberArray(document.root, Frame::enumItems);
+    document.properties = SchemaMembers(readMemberArray(document.root, Frame::properties));
+    document.enumItems = SchemaMembers(readMemberArray(document.root, Frame::enumItems));
     return document;
 }
 
@@ -205,6 +196,13 @@ bool readBool(const JSON& json) {
 std::string readTypedValue(const JSON& json) {
     if (!json.isObject()) {
         json.raise("A typedValue must be an object.");
+    }
+    if (json.getSize() == 1) {
+        // The form that nearly all have. Anything else is looked at as a whole, to say what is wrong with it.
+        const JSON typeId = json.getMember(Frame::typeId);
+        if (typeId.isString() && !typeId.getStringView().empty()) {
+            return typeId.getString();
+        }
     }
     const auto attributes = json.getStringMap();
     if (attributes.size() != 1) {
@@ -269,10 +267,8 @@ std::vector<std::string> readTypedValueArrayConstant(const SchemaDocument& docum
 }
 
 std::optional<std::string> readTypeIdAttribute(const JSON& json) {
-    if (!json.hasMember(Frame::typeId)) {
-        return std::nullopt;
-    }
-    return readString(json.getMember(Frame::typeId));
+    const JSON typeId = json.getMember(Frame::typeId);
+    return typeId.exists() ? std::optional(readString(typeId)) : std::nullopt;
 }
 
 std::string readPropertyTypeId(const SchemaDocument& document, std::string_view key) {

@@ -5,6 +5,7 @@
 
 #include <Units/SchemaFormat.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -19,6 +20,8 @@ namespace Parameters {
 struct SchemaMember {
     std::string_view id;
     JSON json;
+    /// Where it stood among the others.
+    std::size_t index;
 };
 
 /// The entries of one section, in ascending order of their ids.

@@ -25,8 +25,8 @@ SchemaDocument withConstant(const std::string& value) {
 
 std::string printed(const SchemaMembers& section) {
     std::string text;
-    for (const auto& [id, json] : section) {
-        text += std::string(id) + "=" + json.toString() + ";";
+    for (const SchemaMember& member : section) {
+        text += std::string(member.id) + "=" + member.json.toString() + ";";
     }
     return text;
 }
