@@ -7,6 +7,7 @@
 #include <Units/UnitsEngine.h>
 
 #include <string>
+#include <string_view>
 
 namespace Parameters {
 
@@ -18,9 +19,10 @@ struct EngineImpl {
     Registry imported;
     Units::UnitsEngine units;
 
-    [[nodiscard]] bool isRegistered(const std::string& typeId) const {
+    [[nodiscard]] bool isRegistered(std::string_view typeId) const {
         const TypeIdKey key(typeId);
-        return isBuiltInTypeId(typeId) || primary.contains(key) || imported.contains(key) || units.isRegistered(typeId);
+        return isBuiltInTypeId(typeId) || primary.contains(key) || imported.contains(key) ||
+               units.isRegistered(std::string(typeId));
     }
 
     /// The check of everything that is about to be taken in. Imported objects may be registered over.

@@ -16,10 +16,9 @@ using MissingTypeIds = std::pair<TypeIds, TypeIds>;
 /// Adds to target those of the typeids that nobody knows. The schema that refers to them is about to be registered.
 void collectMissing(const EngineImpl& engine, const std::string& schemaTypeId, const TypeIdViews& typeIds,
                     TypeIds& target) {
-    for (const std::string_view view : typeIds) {
-        std::string typeId(view);
+    for (const std::string_view typeId : typeIds) {
         if (typeId != schemaTypeId && !engine.isRegistered(typeId)) {
-            target.insert(std::move(typeId));
+            target.emplace(typeId);
         }
     }
 }

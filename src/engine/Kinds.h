@@ -233,9 +233,9 @@ using ResolutionOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, 
 using ImportOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind, DomainKind, CategoryKind,
                              DisciplineKind, SpecKind, GroupKind, ParameterKind>;
 
-/// Where the order makes no difference: those that most items are of come first.
-using AllKinds = KindList<ParameterKind, SpecKind, EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind,
-                          DisciplineKind, DomainKind, GroupKind, CategoryKind>;
+/// Where the order makes no difference: those that others refer to most come first, since that is what is looked up.
+using AllKinds = KindList<SpecKind, GroupKind, DisciplineKind, CategoryKind, EnumerationKind, FloatRangeKind,
+                          IntRangeKind, StringRangeKind, DomainKind, ParameterKind>;
 
 static_assert(IntakeOrder::isOrderOf(AllKinds{}) && ResolutionOrder::isOrderOf(AllKinds{}) &&
                   ImportOrder::isOrderOf(AllKinds{}),

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/TypeIdMap.h"
 #include "schema/Text.h"
+#include "schema/TypeIdMap.h"
 
 #include <Parameters/Exceptions.h>
 

@@ -4,12 +4,13 @@
 #include "schema/SchemaDocument.h"
 #include "schema/SchemaDocumentWriting.h"
 #include "schema/Text.h"
+#include "schema/TypeIdMap.h"
 #include "schema/Vocabulary.h"
 
 #include <Units/Exceptions.h>
 
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace Units {
@@ -102,52 +103,35 @@ void addIfUnit(std::map<std::string, Unit>& units, const std::string& typeId, co
 } // namespace
 
 struct UnitsEngine::Impl {
-    /// Pending and finished ones. A hash map, because hosts ask for every typeid of theirs whether it is one of these.
-    std::unordered_map<std::string, Item> items;
-    std::set<std::string> pending;
+    TypeIdMap<Item> pending;
+    TypeIdMap<Item> finished;
     /// Those of the finished items that are units.
     std::map<std::string, Unit> units;
 
-    [[nodiscard]] const Item* find(const std::string& typeId) const {
-        const auto found = items.find(typeId);
-        return found != items.end() ? &found->second : nullptr;
+    [[nodiscard]] const Item* find(const TypeIdKey& key) const noexcept {
+        const Item* item = finished.find(key);
+        return item != nullptr ? item : pending.find(key);
     }
 
-    [[nodiscard]] bool isPending(const std::string& typeId) const { return pending.count(typeId) != 0; }
-
-    [[nodiscard]] bool isDimension(const std::string& typeId) const {
+    [[nodiscard]] bool isDimension(const std::string& typeId) const noexcept {
         const Item* item = find(typeId);
         return item != nullptr && item->kind == Kind::Dimension;
     }
 
     [[nodiscard]] const Item& getFinished(const std::string& typeId) const {
-        const Item* item = find(typeId);
-        if (item == nullptr || isPending(typeId)) {
+        const Item* item = finished.find(typeId);
+        if (item == nullptr) {
             throwUnknown(typeId);
         }
         return *item;
     }
 
-    // In both, what can fail comes first; the merge at the end only hands over a node.
-
-    void insertPending(const std::string& typeId, Item item) {
-        std::set<std::string> added{typeId};
-        items.emplace(typeId, std::move(item));
-        pending.merge(added);
-    }
-
+    /// What can fail comes first; the merge at the end only hands over a node.
     void insertFinished(const std::string& typeId, Item item) {
         std::map<std::string, Unit> added;
         addIfUnit(added, typeId, item);
-        items.emplace(typeId, std::move(item));
+        finished.insert(typeId, std::move(item));
         units.merge(added);
-    }
-
-    void dropPending() noexcept {
-        for (const std::string& typeId : pending) {
-            items.erase(typeId);
-        }
-        pending.clear();
     }
 };
 
@@ -176,25 +160,29 @@ std::set<std::string> UnitsEngine::registerSchema(const std::string& schemaText)
     if (item.dimension && *item.dimension != document.typeId && !isRegistered(*item.dimension)) {
         unknown.insert(*item.dimension);
     }
-    impl_->insertPending(document.typeId, std::move(item));
+    impl_->pending.insert(document.typeId, std::move(item));
     return unknown;
 }
 
 void UnitsEngine::resolveSchemas() {
     std::map<std::string, Unit> resolved;
-    for (const std::string& typeId : impl_->pending) {
-        const Item& item = impl_->items.at(typeId);
+    for (const auto* entry : impl_->pending.sorted()) {
+        const Item& item = entry->value;
         if (item.dimension && !impl_->isDimension(*item.dimension)) {
             const ValidationException missing(
-                joined({"Dependency ", *item.dimension, " in schema ", typeId,
+                joined({"Dependency ", *item.dimension, " in schema ", entry->typeId,
                         " is missing or does not represent an object of the expected type."}));
-            impl_->dropPending();
+            impl_->pending = {};
             throw missing;
         }
-        addIfUnit(resolved, typeId, item);
+        addIfUnit(resolved, entry->typeId, item);
+    }
+    impl_->finished.reserveMore(impl_->pending.size());
+    // Nothing fails from here on.
+    for (auto& entry : std::exchange(impl_->pending, {})) {
+        impl_->finished.insert(std::move(entry.typeId), std::move(entry.value));
     }
     impl_->units.merge(resolved);
-    impl_->pending.clear();
 }
 
 void UnitsEngine::copyItem(const std::string& typeId, const UnitsEngine& source) {
@@ -209,8 +197,8 @@ void UnitsEngine::copyItem(const std::string& typeId, const UnitsEngine& source)
     if (dimension && source.impl_->isDimension(*dimension)) {
         copyItem(*dimension, source);
     }
-    if (source.impl_->isPending(typeId)) {
-        impl_->insertPending(typeId, *item);
+    if (source.impl_->pending.contains(typeId)) {
+        impl_->pending.insert(typeId, *item);
     } else {
         impl_->insertFinished(typeId, *item);
     }

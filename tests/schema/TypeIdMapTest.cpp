@@ -1,4 +1,4 @@
-#include "engine/TypeIdMap.h"
+#include "schema/TypeIdMap.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "engine/TypeIdMap.h"
+#include "schema/TypeIdMap.h"
 
 #define XXH_INLINE_ALL
 #include <xxhash.h>
