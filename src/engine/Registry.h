@@ -6,15 +6,32 @@
 
 #include <Parameters/Exceptions.h>
 
+#include <memory>
 #include <string>
 #include <tuple>
 #include <utility>
 
 namespace Parameters {
 
+/// A value of its own on the heap, so that what holds it is cheap to move.
+template <class Value> class Boxed {
+public:
+    Boxed(Value value) : value_(std::make_unique<Value>(std::move(value))) {}
+    Boxed(const Boxed& other) : value_(std::make_unique<Value>(*other.value_)) {}
+    Boxed(Boxed&& other) noexcept = default;
+    Boxed& operator=(const Boxed& other) { return *this = Boxed(other); }
+    Boxed& operator=(Boxed&& other) noexcept = default;
+    ~Boxed() = default;
+
+    [[nodiscard]] Value& operator*() noexcept { return *value_; }
+
+private:
+    std::unique_ptr<Value> value_;
+};
+
 /// A schema that has been read and waits for its resolution, with its text byte for byte.
 template <class Body> struct PendingSchema {
-    Body body;
+    Boxed<Body> body;
     std::string text;
 };
 

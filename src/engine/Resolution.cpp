@@ -52,7 +52,7 @@ template <class Kind> void resolveStage(KindStore<Kind>& staged, const LookupSco
             continue;
         }
         try {
-            auto object = Kind::resolve(entry.typeId, std::move(entry.value.body), scope);
+            auto object = Kind::resolve(entry.typeId, std::move(*entry.value.body), scope);
             staged.finished.insert(std::move(entry.typeId), {std::move(object), std::move(entry.value.text)});
         } catch (const ValidationException&) {
             fault.catchCurrent(entry.typeId);
