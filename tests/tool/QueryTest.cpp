@@ -1,0 +1,116 @@
+#include "tool/Program.h"
+
+#include <gmock/gmock.h>
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+const std::string diffuser = "acme.building:parameter.supplyDiffuser-1.0.0";
+
+} // namespace
+
+TEST(ListCommand, AlignsATable) {
+    const ProgramRun run =
+        runTool({"list", "examples/catalog/domains/sanitary.json", "examples/catalog/ranges/float64/duct-side.json"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output,
+              "TYPEID                               KIND         NAME               FORMAT        VERSIONS\n"
+              "acme.building:domain.sanitary-1.0.0  domain       Sanitary Fixtures  PropertySets  1.0.0 to 2.0.0\n"
+              "acme.building:range.ductSide-1.0.0   float-range                     PropertySets  1.0.0 to 2.0.0\n");
+}
+
+TEST(ListCommand, WritesJsonForPrograms) {
+    const ProgramRun run = runTool({"list", "examples/catalog/domains", "--kind", "domain", "--json"});
+    EXPECT_THAT(run.output, StartsWith(R"([
+  {
+    "typeid": "acme.building:domain.electrical-1.0.0",
+    "kind": "domain",
+    "name": "Electrical Equipment",
+    "format": "LumarDataSchema",
+    "lowestVersion": "1.0.0",
+    "highestVersion": "3.0.0"
+  },)"));
+    EXPECT_EQ(runTool({"list", "examples/catalog/domains", "--kind", "spec", "--json"}).output, "[]\n");
+}
+
+TEST(ListCommand, ListsWhatHasNoFaultAndTellsWhatHas) {
+    const ProgramRun run = runTool({"list", "examples/catalog/domains", "examples/catalog/units/volt.json"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr("acme.building:domain.electrical-1.0.0"));
+    EXPECT_EQ(run.errors, "parameters: examples/catalog/units/volt.json: Refers to "
+                          "acme.building:dimension.electricPotential-1.0.0, which no document defines.\n");
+}
+
+TEST(ShowCommand, ShowsAParameterWithAllThatItRefersTo) {
+    const ProgramRun run = runTool({"show", "examples/catalog", "--typeid", diffuser});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, R"(parameter Supply Diffuser (acme.building:parameter.supplyDiffuser-1.0.0)
+├─ description   The diffuser that serves the space.
+├─ read-only     no
+├─ group         Air Side (acme.building:group.airSide-1.0.0)
+├─ spec          Equipment (acme.building:spec.equipmentReference-1.0.0)
+│  ├─ value type    quovanta.data:reference-1.0.0
+│  ├─ context       single
+│  └─ discipline    Common (quovanta.spec:discipline-2.0.0)
+├─ category      Supply Diffusers (acme.building:category.supplyDiffusers-1.0.0)
+│  └─ parent        Air Terminals (acme.building:category.airTerminals-1.0.0)
+│     ├─ domain        Mechanical Equipment (acme.building:domain.mechanical-1.0.0)
+│     └─ discipline    Heating, Ventilation and Air Conditioning (acme.building:discipline.hvac-1.0.0)
+├─ format        LumarDataSchema
+├─ data models   1.0.0 to 3.0.0
+└─ document      examples/catalog/parameters/air/supply-diffuser.json
+)");
+}
+
+TEST(ShowCommand, KnowsEveryKind) {
+    for (const char* kind : {"category", "dimension", "discipline", "domain", "enumeration", "float-range", "group",
+                             "int-range", "parameter", "spec", "string-range", "unit"}) {
+        const std::string list = runTool({"list", "examples/catalog", "--kind", kind}).output;
+        const std::size_t begin = list.find('\n') + 1;
+        const std::string typeId = list.substr(begin, list.find(' ', begin) - begin);
+        const ProgramRun run = runTool({"show", "examples/catalog", "--typeid", typeId});
+        EXPECT_EQ(run.status, 0) << kind;
+        EXPECT_THAT(run.output, StartsWith(std::string(kind) + ' ')) << kind;
+    }
+}
+
+TEST(SchemaCommand, PrintsTheRegisteredTextAndOlderOnes) {
+    const std::string file = "examples/catalog/domains/electrical.json";
+    const std::string typeId = "acme.building:domain.electrical-1.0.0";
+    EXPECT_EQ(runTool({"schema", file, "--typeid", typeId}).output, contentsOf(PARAMETERS_SOURCE_DIR "/" + file));
+    EXPECT_THAT(runTool({"schema", file, "--typeid", typeId, "--data-model", "2.0.0"}).output,
+                StartsWith(R"({"downgradedFrom":"3.0.0","typeid")"));
+    EXPECT_THAT(runTool({"schema", file, "--typeid", typeId, "--data-model", "2.0.0", "--pretty"}).output,
+                StartsWith("{\n  \"downgradedFrom\": \"3.0.0\",\n"));
+}
+
+TEST(SchemaCommand, TellsWhatCannotBeRepresented) {
+    const ProgramRun run = runTool({"schema", "examples/catalog/domains/sanitary.json", "--typeid",
+                                    "acme.building:domain.sanitary-1.0.0", "--data-model", "3.0.0"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors,
+              "parameters: acme.building:domain.sanitary-1.0.0: Cannot represent schema in requested format.\n");
+}
+
+TEST(DepsCommand, ListsWhatADocumentNeeds) {
+    EXPECT_EQ(runTool({"deps", "examples/catalog", "--typeid", diffuser}).output,
+              "acme.building:category.airTerminals-1.0.0     category    indirectly  Air Terminals\n"
+              "acme.building:category.supplyDiffusers-1.0.0  category    directly    Supply Diffusers\n"
+              "acme.building:discipline.hvac-1.0.0           discipline  indirectly  "
+              "Heating, Ventilation and Air Conditioning\n"
+              "acme.building:domain.mechanical-1.0.0         domain      indirectly  Mechanical Equipment\n"
+              "acme.building:group.airSide-1.0.0             group       directly    Air Side\n"
+              "acme.building:spec.equipmentReference-1.0.0   spec        directly    Equipment\n");
+}
+
+TEST(DepsCommand, DrawsATreeAndTurnsAround) {
+    EXPECT_THAT(runTool({"deps", "examples/catalog", "--typeid", diffuser, "--tree"}).output,
+                HasSubstr("├─ category Supply Diffusers (acme.building:category.supplyDiffusers-1.0.0)\n"
+                          "│  └─ category Air Terminals (acme.building:category.airTerminals-1.0.0)\n"));
+    const std::string parents = "acme.building:category.supplyDiffusers-1.0.0";
+    EXPECT_EQ(runTool({"deps", "examples/catalog", "--typeid", parents, "--reverse"}).output,
+              diffuser + "  parameter  directly  Supply Diffuser\n");
+}

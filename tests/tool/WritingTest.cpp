@@ -1,0 +1,117 @@
+#include "tool/Program.h"
+
+#include <gmock/gmock.h>
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+const std::string diffuser = "acme.building:parameter.supplyDiffuser-1.0.0";
+const std::string diffuserFile = "acme.building_parameter.supplyDiffuser-1.0.0.json";
+
+/// A discipline with more than an older text holds.
+const std::string rich =
+    R"({"schemaSpecification":"lumar-data-schema-2.0.0","typeid":"test:rich/../../x-1.0.0",)"
+    R"("inherits":["quovanta.spec:discipline-2.0.0"],"sealed":false,"author":"me",)"
+    R"("constants":[{"id":"name","typeid":"String","value":"N","note":1},{"id":"rank","value":7}],)"
+    R"("properties":[{"id":"p","typeid":"String","context":"map"}]})";
+
+} // namespace
+
+TEST(ExportCommand, WritesWhatAnOlderModelReadsAndListsTheRest) {
+    const TemporaryFolder folder;
+    const ProgramRun run =
+        runTool({"export", "examples/catalog", "--data-model", "2.0.0", "--out", folder.path("out"), "--quiet"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr("examples/catalog/specs/setpoint.json: acme.building:spec.setpoint-1.0.0: Cannot "
+                                      "represent schema in requested format.\n"));
+    EXPECT_THAT(run.output, Not(HasSubstr("no longer holds")));
+    EXPECT_THAT(contentsOf(folder.path("out/acme.building_domain.electrical-1.0.0.json")),
+                testing::StartsWith(R"({"downgradedFrom":"3.0.0",)"));
+}
+
+TEST(ExportCommand, TellsWhatTheOlderTextNoLongerHolds) {
+    const TemporaryFolder folder;
+    folder.write("rich.json", rich);
+    const ProgramRun run = runTool({"export", "rich.json", "--data-model", "1.0.0", "--out", "out"}, folder.path());
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, R"(rich.json: test:rich/../../x-1.0.0, rewritten, no longer holds all:
+  gone:    sealed: false
+  gone:    author: "me"
+  gone:    constant "name" note: 1
+  gone:    constant "rank": {"id":"rank","value":7}
+  gone:    property "p": {"id":"p","typeid":"String","context":"map"}
+1 document in out for data model 1.0.0, 1 of them rewritten; 0 cannot be represented.
+)");
+    EXPECT_EQ(contentsOf(folder.path("out/test_rich_.._.._x-1.0.0.json")),
+              R"({"downgradedFrom":"3.0.0","typeid":"test:rich/../../x-1.0.0",)"
+              R"("inherits":["quovanta.spec:discipline-1.0.0"],"constants":[{"id":"name","value":"N"}]})"
+              "\n");
+}
+
+TEST(ExportCommand, OverwritesOnlyWhenForced) {
+    const TemporaryFolder folder;
+    folder.write("rich.json", rich);
+    folder.write("test_rich_.._.._x-1.0.0.json", "mine");
+    std::vector<std::string> arguments = {"export", "rich.json", "--data-model", "1.0.0", "--out", "."};
+    const ProgramRun run = runTool(arguments, folder.path());
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors, "parameters: ./test_rich_.._.._x-1.0.0.json is there already; --force overwrites it.\n");
+    EXPECT_EQ(contentsOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
+    arguments.emplace_back("--force");
+    EXPECT_EQ(runTool(arguments, folder.path()).status, 0);
+    EXPECT_NE(contentsOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
+}
+
+TEST(ExportCommand, KeepsTypeidsApartThatMakeOneFileName) {
+    const TemporaryFolder folder;
+    std::string lines;
+    for (const char* typeId : {"a/b", "a:b", "A_b"}) {
+        lines += std::string(R"({"typeid":")") + typeId +
+                 R"(","inherits":["quovanta.spec:discipline-1.0.0"],"constants":[{"id":"name","value":"N"}]})" + '\n';
+    }
+    folder.write("a.jsonl", lines);
+    EXPECT_EQ(runTool({"export", "a.jsonl", "--data-model", "2.0.0", "--out", "out"}, folder.path()).status, 0);
+    EXPECT_EQ(TemporaryFolder::filesIn(folder.path("out")), 3U);
+}
+
+TEST(BundleCommand, WritesWhatLoadsByItself) {
+    const TemporaryFolder folder;
+    const ProgramRun run = runTool({"bundle", "examples/catalog", "--typeid", diffuser, "--out", folder.path("out")});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, "7 documents load by themselves from " + folder.path("out") + ".\n");
+    EXPECT_EQ(contentsOf(folder.path("out/" + diffuserFile)),
+              contentsOf(PARAMETERS_SOURCE_DIR "/examples/catalog/parameters/air/supply-diffuser.json"));
+    EXPECT_THAT(runTool({"check", folder.path("out")}).output, EndsWith("7 documents, no faults.\n"));
+    EXPECT_EQ(runTool({"bundle", "examples/catalog", "--typeid", diffuser, "--out", folder.path("out")}).status, 2);
+}
+
+TEST(GraphCommand, DrawsKindsWithALegend) {
+    const ProgramRun run = runTool({"graph", "examples/catalog", "--typeid", diffuser, "--depth", "1"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.output, HasSubstr("  \"" + diffuser + "\" -> \"acme.building:group.airSide-1.0.0\";\n"));
+    EXPECT_THAT(run.output, HasSubstr(R"("legend group" [label="group", shape=octagon,)"));
+    EXPECT_THAT(run.output, Not(HasSubstr("airTerminals")));
+    EXPECT_THAT(runTool({"graph", "examples/catalog"}).output, HasSubstr(R"("legend unit" [label="unit")"));
+}
+
+TEST(GraphCommand, QuotesTypeids) {
+    const TemporaryFolder folder;
+    folder.write("a.json", R"({"typeid":"a\"\\b\n","inherits":["quovanta.spec:discipline-1.0.0"],)"
+                           R"("constants":[{"id":"name","value":"N"}]})");
+    EXPECT_THAT(runTool({"graph", "a.json"}, folder.path()).output, HasSubstr(R"(  "a\"\\b\\x0a" [label="N")"));
+}
+
+TEST(GraphCommand, DrawsAPictureThroughGraphviz) {
+    const TemporaryFolder folder;
+    const ProgramRun run = runTool({"graph", "examples/catalog", "--typeid", diffuser, "--out", folder.path("a.svg")});
+    if (run.errors == "parameters: SVG needs Graphviz, whose program dot is not installed; a .dot file does not.\n") {
+        EXPECT_EQ(run.status, 2);
+        GTEST_SKIP() << "Graphviz is not installed.";
+    }
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(contentsOf(folder.path("a.svg")), HasSubstr(">Supply Diffuser</text>"));
+}

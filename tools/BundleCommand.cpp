@@ -1,0 +1,66 @@
+#include "CommandLine.h"
+#include "OutputFolder.h"
+#include "Text.h"
+
+#include <fmt/core.h>
+
+#include <memory>
+#include <set>
+
+namespace Tool {
+
+namespace {
+
+struct BundleOptions {
+    std::vector<std::string> paths;
+    std::string typeId;
+    std::string folder;
+    bool overwrite = false;
+};
+
+/// The document and all that it needs, directly and indirectly.
+std::set<std::string> closureOf(const Parameters::ParametersEngine& engine, const std::string& typeId) {
+    std::set<std::string> closure;
+    std::set<std::string> open = {typeId};
+    while (!open.empty()) {
+        const std::string next = open.extract(open.begin()).value();
+        if (closure.insert(next).second) {
+            open.merge(engine.getDependencies(next));
+        }
+    }
+    return closure;
+}
+
+Status bundle(const BundleOptions& options) {
+    const Catalog catalog = loadForUse(options.paths);
+    positionOf(catalog, options.typeId);
+    OutputFolder output(options.folder, options.overwrite);
+    for (const std::string& typeId : closureOf(catalog.engine, options.typeId)) {
+        output.add(typeId, catalog.engine.getSchema(typeId));
+    }
+    output.write();
+
+    const Catalog written = loadForUse(output.files());
+    if (statusOf(written) != Status::Success) {
+        printError(fmt::format("The documents in {} do not load by themselves.", printable(output.name())));
+        return statusOf(written) | Status::Failure;
+    }
+    fmt::print("{} from {}.\n",
+               output.size() == 1 ? "1 document loads by itself"
+                                  : fmt::format("{} documents load by themselves", output.size()),
+               printable(output.name()));
+    return statusOf(catalog);
+}
+
+} // namespace
+
+void addBundle(CLI::App& app, Status& status) {
+    auto* command = app.add_subcommand("bundle", "Write a document and all that it needs into a folder");
+    auto options = std::make_shared<BundleOptions>();
+    addPaths(*command, options->paths);
+    addTypeId(*command, options->typeId)->required();
+    addOutputFolder(*command, options->folder, options->overwrite);
+    command->callback([options, &status] { status = bundle(*options); });
+}
+
+} // namespace Tool

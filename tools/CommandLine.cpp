@@ -1,0 +1,64 @@
+#include "CommandLine.h"
+
+#include "Items.h"
+#include "Text.h"
+
+#include <algorithm>
+
+namespace Tool {
+
+Status operator|(Status left, Status right) { return std::max(left, right); }
+
+void addPaths(CLI::App& command, std::vector<std::string>& paths) {
+    command
+        .add_option(
+            "PATH", paths,
+            ".json files (a document each), .jsonl files (a document a line), folders of them and their folders")
+        ->required();
+}
+
+CLI::Option* addTypeId(CLI::App& command, std::string& typeId) {
+    return command.add_option("--typeid", typeId, "The document meant")->type_name("TYPEID");
+}
+
+CLI::Option* addDataModel(CLI::App& command, std::string& version) {
+    return command.add_option("--data-model", version, "The data model version that has to read it")
+        ->check(CLI::IsMember(std::vector<std::string>(versionTexts.begin(), versionTexts.end())))
+        ->type_name("VERSION");
+}
+
+void addOutputFolder(CLI::App& command, std::string& folder, bool& overwrite) {
+    command.add_option("--out", folder, "The folder to write to; made if need be")->type_name("DIR")->required();
+    addForce(command, overwrite);
+}
+
+void addForce(CLI::App& command, bool& overwrite) {
+    command.add_flag("--force", overwrite, "Overwrite files that are there already");
+}
+
+Parameters::DataModelVersion versionOf(const std::string& text) {
+    const auto position = std::find(versionTexts.begin(), versionTexts.end(), text);
+    return static_cast<Parameters::DataModelVersion>(position - versionTexts.begin());
+}
+
+Catalog loadForUse(const std::vector<std::string>& paths) {
+    Catalog catalog = loadCatalog(paths);
+    for (const std::string& message : catalog.unreadable) {
+        printError(message);
+    }
+    for (const auto* faults : {&catalog.faults, &catalog.blockades}) {
+        for (const Fault& fault : *faults) {
+            printError(wordsFor(catalog, fault));
+        }
+    }
+    return catalog;
+}
+
+Status statusOf(const Catalog& catalog) {
+    if (!catalog.unreadable.empty()) {
+        return Status::Failure;
+    }
+    return catalog.faults.empty() ? Status::Success : Status::Faults;
+}
+
+} // namespace Tool

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Catalog.h"
+
+#include <Parameters/DataModelVersion.h>
+
+#include <CLI/CLI.hpp>
+
+#include <string>
+#include <vector>
+
+namespace Tool {
+
+enum class Status {
+    Success = 0,
+    /// The catalog has faults.
+    Faults = 1,
+    /// Wrong usage, or a file that cannot be read or written.
+    Failure = 2,
+};
+
+/// The graver of two.
+Status operator|(Status left, Status right);
+
+// What several commands take.
+
+void addPaths(CLI::App& command, std::vector<std::string>& paths);
+CLI::Option* addTypeId(CLI::App& command, std::string& typeId);
+/// The text of a version, of those that there are.
+CLI::Option* addDataModel(CLI::App& command, std::string& version);
+void addOutputFolder(CLI::App& command, std::string& folder, bool& overwrite);
+void addForce(CLI::App& command, bool& overwrite);
+Parameters::DataModelVersion versionOf(const std::string& text);
+
+/// The catalog for a command that works on what has no fault: what has one goes to standard error.
+Catalog loadForUse(const std::vector<std::string>& paths);
+
+/// What loading has come to.
+Status statusOf(const Catalog& catalog);
+
+// Each adds a command, which runs when the command line names it and leaves its status.
+
+void addCheck(CLI::App& app, Status& status);
+void addList(CLI::App& app, Status& status);
+void addShow(CLI::App& app, Status& status);
+void addSchema(CLI::App& app, Status& status);
+void addExport(CLI::App& app, Status& status);
+void addDeps(CLI::App& app, Status& status);
+void addBundle(CLI::App& app, Status& status);
+void addGraph(CLI::App& app, Status& status);
+
+} // namespace Tool

@@ -1,0 +1,77 @@
+#include "CommandLine.h"
+#include "Items.h"
+#include "Links.h"
+#include "Table.h"
+#include "Text.h"
+#include "Tree.h"
+
+#include <memory>
+#include <utility>
+
+namespace Tool {
+
+namespace {
+
+struct DepsOptions {
+    std::vector<std::string> paths;
+    std::string typeId;
+    bool asTree = false;
+    bool isReverse = false;
+};
+
+Tree treeOf(const Links& links, const std::map<std::string, Item>& items, const std::string& typeId,
+            std::set<std::string>& shown) {
+    const Item& item = items.at(typeId);
+    Tree tree = {nameOf(item.kind) + ' ' + wordsFor(typeId, item.name), {}};
+    const std::set<std::string>& next = links.at(typeId);
+    // What many documents share would otherwise be written out again and again.
+    if (!next.empty() && !shown.insert(typeId).second) {
+        tree.text += ", see above";
+        return tree;
+    }
+    for (const std::string& neighbour : next) {
+        tree.branches.push_back(treeOf(links, items, neighbour, shown));
+    }
+    return tree;
+}
+
+void printAsTable(const Links& links, const std::map<std::string, Item>& items, const std::string& typeId) {
+    const std::set<std::string>& direct = links.at(typeId);
+    std::vector<Row> rows;
+    for (const auto& [found, distance] : reachableFrom(links, typeId)) {
+        if (distance != 0) {
+            const Item& item = items.at(found);
+            rows.push_back({printable(found), nameOf(item.kind), direct.count(found) != 0 ? "directly" : "indirectly",
+                            printable(item.name)});
+        }
+    }
+    printTable(rows);
+}
+
+Status printDependencies(const DepsOptions& options) {
+    const Catalog catalog = loadForUse(options.paths);
+    positionOf(catalog, options.typeId);
+    const auto items = itemsOf(catalog);
+    const Links links = options.isReverse ? linksToReferrers(catalog) : linksToReferences(catalog);
+    if (options.asTree) {
+        std::set<std::string> shown;
+        printTree(treeOf(links, items, options.typeId, shown));
+    } else {
+        printAsTable(links, items, options.typeId);
+    }
+    return statusOf(catalog);
+}
+
+} // namespace
+
+void addDeps(CLI::App& app, Status& status) {
+    auto* command = app.add_subcommand("deps", "List what a document needs, or what needs it");
+    auto options = std::make_shared<DepsOptions>();
+    addPaths(*command, options->paths);
+    addTypeId(*command, options->typeId)->required();
+    command->add_flag("--tree", options->asTree, "As a tree of references");
+    command->add_flag("--reverse", options->isReverse, "What refers to the document, directly or at all");
+    command->callback([options, &status] { status = printDependencies(*options); });
+}
+
+} // namespace Tool

@@ -1,0 +1,198 @@
+#include "DocumentFiles.h"
+
+#include "Progress.h"
+#include "Text.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <streambuf>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace Tool {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t largestDocument = std::size_t{64} << 20U;
+constexpr std::string_view blanks = " \t\r\n";
+
+bool hasLinesOfDocuments(const fs::path& file) { return file.extension() == ".jsonl"; }
+
+bool isDocumentFile(const fs::path& file) { return file.extension() == ".json" || hasLinesOfDocuments(file); }
+
+/// What speaks against a text, before anybody reads it as JSON; empty for nothing.
+std::string faultOf(std::string_view text) {
+    if (text.size() > largestDocument) {
+        return fmt::format("Larger than {} MiB.", largestDocument >> 20U);
+    }
+    if (text.find_first_not_of(blanks) == std::string_view::npos) {
+        return "Empty.";
+    }
+    if (text.find('\0') != std::string_view::npos) {
+        return "Binary, no text.";
+    }
+    if (text.substr(0, 3) == "\xEF\xBB\xBF") {
+        return "Begins with a byte order mark, which JSON does not have.";
+    }
+    if (const std::size_t position = findInvalidUtf8(text); position != std::string_view::npos) {
+        return fmt::format("Not UTF-8 at offset {}.", position);
+    }
+    return {};
+}
+
+/// Finds the files behind the paths that were given.
+class FileSearch {
+public:
+    explicit FileSearch(std::vector<std::string>& unreadable) : unreadable_(unreadable) {}
+
+    void addPath(const fs::path& path) {
+        std::error_code error;
+        const fs::file_status status = fs::status(path, error);
+        if (fs::is_directory(status)) {
+            const std::size_t before = files_.size() + unreadable_.size();
+            addFolder(path);
+            if (files_.size() + unreadable_.size() == before) {
+                refuse(path, "holds no .json or .jsonl files");
+            }
+        } else if (fs::exists(status) && !isDocumentFile(path)) {
+            refuse(path, "is neither a .json file nor a .jsonl file nor a folder");
+        } else {
+            addFile(path);
+        }
+    }
+
+    [[nodiscard]] const std::vector<fs::path>& files() const { return files_; }
+
+private:
+    void refuse(const fs::path& path, std::string_view reason) {
+        unreadable_.push_back(fmt::format("{} {}.", printable(path.string()), reason));
+    }
+
+    void addFolder(const fs::path& folder) {
+        std::error_code error;
+        std::vector<fs::path> entries;
+        for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+            entries.push_back(entry->path());
+        }
+        if (error) {
+            refuse(folder, fmt::format("cannot be read: {}", error.message()));
+        }
+        std::sort(entries.begin(), entries.end());
+        for (const fs::path& entry : entries) {
+            std::error_code ignored;
+            if (fs::is_directory(fs::symlink_status(entry, ignored))) {
+                addFolder(entry);
+            } else if (isDocumentFile(entry)) {
+                addFile(entry);
+            }
+        }
+    }
+
+    /// Other than regular files are refused, because a pipe would keep the reader waiting.
+    void addFile(const fs::path& file) {
+        std::error_code error;
+        const fs::file_status status = fs::status(file, error);
+        if (!fs::exists(status)) {
+            refuse(file, fmt::format("cannot be read: {}", error ? error.message() : "No such file or directory"));
+        } else if (!fs::is_regular_file(status)) {
+            refuse(file, "is no regular file");
+        } else {
+            files_.push_back(file);
+        }
+    }
+
+    std::vector<std::string>& unreadable_;
+    std::vector<fs::path> files_;
+};
+
+/// Reads a line, or the whole rest if there is no end of lines, and of what is too large only enough to tell.
+bool readPiece(std::streambuf& buffer, std::optional<char> end, std::string& piece) {
+    using Traits = std::streambuf::traits_type;
+    piece.clear();
+    auto next = buffer.sbumpc();
+    if (Traits::eq_int_type(next, Traits::eof())) {
+        return false;
+    }
+    for (; !Traits::eq_int_type(next, Traits::eof()); next = buffer.sbumpc()) {
+        const char character = Traits::to_char_type(next);
+        if (character == end) {
+            break;
+        }
+        if (piece.size() <= largestDocument) {
+            piece += character;
+        }
+    }
+    return true;
+}
+
+void addDocument(std::vector<DocumentText>& documents, const std::string& file, std::size_t line, std::string text) {
+    DocumentText& document = documents.emplace_back();
+    document.origin.file = file;
+    document.origin.line = line;
+    document.fault = faultOf(text);
+    document.text = std::move(text);
+}
+
+void readLines(std::streambuf& buffer, const std::string& file, std::vector<DocumentText>& documents) {
+    const std::size_t before = documents.size();
+    std::string line;
+    for (std::size_t number = 1; readPiece(buffer, '\n', line); ++number) {
+        if (line.size() > largestDocument || line.find_first_not_of(blanks) != std::string::npos) {
+            addDocument(documents, file, number, line);
+        }
+    }
+    if (documents.size() == before) {
+        addDocument(documents, file, 0, {});
+    }
+}
+
+void readFile(const fs::path& file, std::vector<DocumentText>& documents) {
+    std::ifstream stream;
+    // The buffer reports a failing disk by itself; the stream has to be told to report that a file cannot be opened.
+    stream.exceptions(std::ios::failbit | std::ios::badbit);
+    stream.open(file, std::ios::binary);
+    if (hasLinesOfDocuments(file)) {
+        readLines(*stream.rdbuf(), file.string(), documents);
+    } else {
+        std::string text;
+        readPiece(*stream.rdbuf(), std::nullopt, text);
+        addDocument(documents, file.string(), 0, std::move(text));
+    }
+}
+
+} // namespace
+
+std::string wordsFor(const Origin& origin) {
+    std::string words = printable(origin.file);
+    return origin.line == 0 ? words : fmt::format("{}:{}", words, origin.line);
+}
+
+DocumentFiles readDocumentFiles(const std::vector<std::string>& paths) {
+    DocumentFiles result;
+    FileSearch search(result.unreadable);
+    for (const std::string& path : paths) {
+        search.addPath(path);
+    }
+    Progress progress("Reading", search.files().size());
+    for (const fs::path& file : search.files()) {
+        try {
+            readFile(file, result.documents);
+        } catch (const std::ios_base::failure&) {
+            result.unreadable.push_back(
+                fmt::format("{} cannot be read: {}.", printable(file.string()), std::strerror(errno)));
+        }
+        progress.advance();
+    }
+    return result;
+}
+
+} // namespace Tool

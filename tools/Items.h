@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Catalog.h"
+
+#include <Parameters/DataModelVersion.h>
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <string>
+
+namespace Tool {
+
+enum class Kind {
+    Category,
+    Dimension,
+    Discipline,
+    Domain,
+    Enumeration,
+    FloatRange,
+    Group,
+    IntRange,
+    Parameter,
+    Spec,
+    StringRange,
+    Unit,
+};
+
+inline constexpr std::array kindNames = {"category", "dimension", "discipline", "domain", "enumeration",  "float-range",
+                                         "group",    "int-range", "parameter",  "spec",   "string-range", "unit"};
+inline constexpr std::size_t kindCount = kindNames.size();
+static_assert(kindCount == static_cast<std::size_t>(Kind::Unit) + 1);
+
+std::string nameOf(Kind kind);
+
+/// A finished document of the catalog.
+struct Item {
+    Kind kind = Kind::Dimension;
+    /// Empty for kinds that have no names.
+    std::string name;
+    const Document* document = nullptr;
+};
+
+/// All finished documents by typeid.
+std::map<std::string, Item> itemsOf(const Catalog& catalog);
+
+/// name (typeid), or the typeid alone if there is no name.
+std::string wordsFor(const std::string& typeId, const std::string& name);
+
+/// "3.0.0" and its like.
+inline constexpr std::array versionTexts = {"1.0.0", "2.0.0", "3.0.0"};
+std::string wordsFor(Parameters::DataModelVersion version);
+
+/// "LumarDataSchema" or "PropertySets", after the form in which the document was registered.
+std::string formatOf(const Document& document);
+
+} // namespace Tool

@@ -1,0 +1,88 @@
+#include "CommandLine.h"
+#include "DocumentJson.h"
+#include "Items.h"
+#include "Table.h"
+#include "Text.h"
+
+#include <fmt/core.h>
+
+#include <memory>
+
+namespace Tool {
+
+namespace {
+
+struct ListOptions {
+    std::vector<std::string> paths;
+    std::string kind;
+    bool asJson = false;
+};
+
+struct Entry {
+    std::string typeId;
+    std::string kind;
+    std::string name;
+    std::string format;
+    std::string lowestVersion;
+    std::string highestVersion;
+};
+
+std::vector<Entry> entriesOf(const Catalog& catalog, const std::string& kind) {
+    std::vector<Entry> entries;
+    for (const auto& [typeId, item] : itemsOf(catalog)) {
+        if (kind.empty() || kind == nameOf(item.kind)) {
+            const auto [lowest, highest] = catalog.engine.getCompatibleDataModelRange(typeId);
+            entries.push_back(
+                {typeId, nameOf(item.kind), item.name, formatOf(*item.document), wordsFor(lowest), wordsFor(highest)});
+        }
+    }
+    return entries;
+}
+
+void printAsTable(const std::vector<Entry>& entries) {
+    std::vector<Row> rows = {{"TYPEID", "KIND", "NAME", "FORMAT", "VERSIONS"}};
+    for (const Entry& entry : entries) {
+        rows.push_back({printable(entry.typeId), entry.kind, printable(entry.name), entry.format,
+                        entry.lowestVersion + " to " + entry.highestVersion});
+    }
+    printTable(rows);
+}
+
+void printAsJson(const std::vector<Entry>& entries) {
+    Json list = Json::array();
+    for (const Entry& entry : entries) {
+        list.push_back({{"typeid", entry.typeId},
+                        {"kind", entry.kind},
+                        {"name", entry.name},
+                        {"format", entry.format},
+                        {"lowestVersion", entry.lowestVersion},
+                        {"highestVersion", entry.highestVersion}});
+    }
+    fmt::print("{}\n", list.dump(2));
+}
+
+Status list(const ListOptions& options) {
+    const Catalog catalog = loadForUse(options.paths);
+    const std::vector<Entry> entries = entriesOf(catalog, options.kind);
+    if (options.asJson) {
+        printAsJson(entries);
+    } else {
+        printAsTable(entries);
+    }
+    return statusOf(catalog);
+}
+
+} // namespace
+
+void addList(CLI::App& app, Status& status) {
+    auto* command = app.add_subcommand("list", "List the documents of a catalog with their names and versions");
+    auto options = std::make_shared<ListOptions>();
+    addPaths(*command, options->paths);
+    command->add_option("--kind", options->kind, "Only documents of this kind")
+        ->check(CLI::IsMember(std::vector<std::string>(kindNames.begin(), kindNames.end())))
+        ->type_name("KIND");
+    command->add_flag("--json", options->asJson, "A JSON array for programs, instead of a table");
+    command->callback([options, &status] { status = list(*options); });
+}
+
+} // namespace Tool

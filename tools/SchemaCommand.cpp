@@ -1,0 +1,51 @@
+#include "CommandLine.h"
+#include "DocumentJson.h"
+#include "Text.h"
+
+#include <fmt/core.h>
+
+#include <memory>
+
+namespace Tool {
+
+namespace {
+
+struct SchemaOptions {
+    std::vector<std::string> paths;
+    std::string typeId;
+    std::string version;
+    bool isPretty = false;
+};
+
+Status printSchema(const SchemaOptions& options) {
+    const Catalog catalog = loadForUse(options.paths);
+    positionOf(catalog, options.typeId);
+    std::string text;
+    try {
+        text = options.version.empty()
+                   ? catalog.engine.getSchema(options.typeId)
+                   : catalog.engine.getSchemaInCompatibleFormat(versionOf(options.version), options.typeId);
+    } catch (const Parameters::ValidationException& exception) {
+        printError(fmt::format("{}: {}", printable(options.typeId), exception.what()));
+        return statusOf(catalog) | Status::Faults;
+    }
+    if (options.isPretty) {
+        text = prettyPrinted(text);
+    }
+    fmt::print("{}{}", text, text.back() == '\n' ? "" : "\n");
+    return statusOf(catalog);
+}
+
+} // namespace
+
+void addSchema(CLI::App& app, Status& status) {
+    auto* command = app.add_subcommand("schema", "Print the text of a document, also for an older data model version");
+    auto options = std::make_shared<SchemaOptions>();
+    addPaths(*command, options->paths);
+    addTypeId(*command, options->typeId)->required();
+    addDataModel(*command, options->version);
+    command->add_flag("--pretty", options->isPretty, "Laid out for people");
+    command->callback([options, &status] { status = printSchema(*options); });
+}
+
+} // namespace Tool

@@ -1,0 +1,129 @@
+#include "Settling.h"
+
+#include "Progress.h"
+#include "References.h"
+#include "Text.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <iterator>
+#include <stdexcept>
+#include <utility>
+
+namespace Tool {
+
+namespace {
+
+/// Documents, each behind those that it refers to.
+using Batch = std::vector<std::size_t>;
+
+/// A failed resolution drops its whole batch and tells one fault. So a batch that fails is resolved in two halves, each
+/// again in halves, down to the documents at fault. A half is complete, because it stands in the order of references
+/// behind what has been finished. With n documents and k faults these are 2 k log2(n) resolutions at most, and n
+/// log2(n) registrations however many faults there are.
+class Settlement {
+public:
+    explicit Settlement(Catalog& catalog, std::size_t total) : catalog_(catalog), progress_("Resolving", total) {}
+
+    void settle(const Batch& whole) {
+        Batch batch = withoutBlocked(whole);
+        if (batch.empty()) {
+            return;
+        }
+        const std::string fault = resolve(batch);
+        if (fault.empty()) {
+            finish(batch);
+        } else if (batch.size() == 1) {
+            refuse(batch.front(), fault);
+        } else {
+            const auto middle = batch.begin() + static_cast<std::ptrdiff_t>(batch.size() / 2);
+            settle({batch.begin(), middle});
+            settle({middle, batch.end()});
+        }
+    }
+
+private:
+    /// Leaves out what has a fault or refers to what has one.
+    Batch withoutBlocked(const Batch& batch) {
+        Batch result;
+        for (const std::size_t position : batch) {
+            Document& document = catalog_.documents[position];
+            if (document.state != DocumentState::Registered) {
+                progress_.advance();
+            } else if (const std::string* typeId = blockingReferenceOf(document)) {
+                document.state = DocumentState::Blocked;
+                catalog_.blockades.push_back(
+                    {position, fmt::format("Not checked further: {}, to which it refers, has a fault.", *typeId)});
+                progress_.advance();
+            } else {
+                result.push_back(position);
+            }
+        }
+        return result;
+    }
+
+    [[nodiscard]] const std::string* blockingReferenceOf(const Document& document) const {
+        for (const std::string& typeId : document.references) {
+            const DocumentState state = catalog_.documents[catalog_.positions.at(typeId)].state;
+            if (state == DocumentState::Faulty || state == DocumentState::Blocked) {
+                return &typeId;
+            }
+        }
+        return nullptr;
+    }
+
+    /// @return the first fault; empty if all are finished.
+    std::string resolve(const Batch& batch) {
+        for (const std::size_t position : batch) {
+            catalog_.engine.registerSchema(catalog_.documents[position].text);
+        }
+        try {
+            catalog_.engine.resolveSchemas();
+            return {};
+        } catch (const std::logic_error& exception) {
+            return exception.what();
+        }
+    }
+
+    void finish(const Batch& batch) {
+        for (const std::size_t position : batch) {
+            catalog_.documents[position].state = DocumentState::Finished;
+        }
+        progress_.advance(batch.size());
+    }
+
+    void refuse(std::size_t position, const std::string& fault) {
+        catalog_.documents[position].state = DocumentState::Faulty;
+        catalog_.faults.push_back({position, fault});
+        progress_.advance();
+    }
+
+    Catalog& catalog_;
+    Progress progress_;
+};
+
+void sortByDocument(std::vector<Fault>::iterator begin, std::vector<Fault>::iterator end) {
+    std::stable_sort(begin, end, [](const Fault& left, const Fault& right) { return left.document < right.document; });
+}
+
+} // namespace
+
+void settle(Catalog& catalog) {
+    const auto before = static_cast<std::ptrdiff_t>(catalog.faults.size());
+    const Batch order = inOrderOfReferences(catalog);
+
+    // Units first: when they fail, the engine drops them alone, and when others fail, it keeps them.
+    Batch units;
+    Batch others;
+    std::partition_copy(order.begin(), order.end(), std::back_inserter(units), std::back_inserter(others),
+                        [&](std::size_t position) { return catalog.documents[position].isOfUnits; });
+    Settlement settlement(catalog, order.size());
+    settlement.settle(units);
+    settlement.settle(others);
+
+    sortByDocument(catalog.faults.begin() + before, catalog.faults.end());
+    sortByDocument(catalog.blockades.begin(), catalog.blockades.end());
+}
+
+} // namespace Tool

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Tool {
+
+using Row = std::vector<std::string>;
+
+/// Prints rows of equally many cells to standard output, each column as wide as its widest cell.
+void printTable(const std::vector<Row>& rows);
+
+} // namespace Tool

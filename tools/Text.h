@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Tool {
+
+/// Text from documents and file names without the characters that would steer a terminal or break a line.
+std::string printable(std::string_view text);
+
+/// How many characters a text in UTF-8 has, which is about the width that it takes.
+std::size_t widthOf(std::string_view text);
+
+/// Where a text in UTF-8 goes wrong; npos for nowhere.
+std::size_t findInvalidUtf8(std::string_view text);
+
+/// "1 document", "2 documents".
+std::string counted(std::size_t number, std::string_view noun);
+
+/// Writes a line to standard error, in the name of the program.
+void printError(std::string_view message);
+
+} // namespace Tool
