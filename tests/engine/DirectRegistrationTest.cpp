@@ -14,99 +14,71 @@ namespace {
 
 using Format = Units::SchemaFormat;
 
-struct TaxonOperation {
-    const char* name;
+struct Kind {
     void (ParametersEngine::*add)(const Taxon&);
     Taxon (ParametersEngine::*get)(const std::string&) const;
     std::map<std::string, Taxon> (ParametersEngine::*getAll)() const;
 };
 
-class DirectTaxonRegistrationTest : public ::testing::TestWithParam<TaxonOperation> {
-protected:
-    void add(const Taxon& taxon) { (engine.*GetParam().add)(taxon); }
-    [[nodiscard]] Taxon get(const std::string& typeId) const { return (engine.*GetParam().get)(typeId); }
-    [[nodiscard]] std::map<std::string, Taxon> getAll() const { return (engine.*GetParam().getAll)(); }
+const Kind kinds[] = {
+    {&ParametersEngine::registerDiscipline, &ParametersEngine::getDiscipline, &ParametersEngine::getAllDisciplines},
+    {&ParametersEngine::registerDomain, &ParametersEngine::getDomain, &ParametersEngine::getAllDomains},
+    {&ParametersEngine::registerGroup, &ParametersEngine::getGroup, &ParametersEngine::getAllGroups}};
 
-    ParametersEngine engine;
-};
+TEST(DirectRegistrationTest, FinishesAtOnceOrIsUndone) {
+    for (const auto& [add, get, getAll] : kinds) {
+        ParametersEngine engine;
+        const std::string opaque("a\0b", 3);
+        (engine.*add)(Taxon("a", "A", Format::LumarDataSchema));
+        (engine.*add)(Taxon(opaque, "B", Format::PropertySets));
+        engine.resolveSchemas();
+        EXPECT_EQ((engine.*get)("a").getName(), "A");
+        EXPECT_EQ((engine.*get)("a").getSchemaFormat(), Format::LumarDataSchema);
+        EXPECT_EQ((engine.*get)(opaque).getName(), "B");
+        EXPECT_EQ((engine.*getAll)().size(), 2u);
 
-TEST_P(DirectTaxonRegistrationTest, FinishesAtOnce) {
-    const Taxon taxon("acme.building:x-1.0.0", "X", Format::LumarDataSchema);
-    add(taxon);
-    EXPECT_TRUE(engine.isRegistered("acme.building:x-1.0.0"));
-    EXPECT_EQ(get("acme.building:x-1.0.0").getName(), "X");
-    EXPECT_EQ(get("acme.building:x-1.0.0").getSchemaFormat(), Format::LumarDataSchema);
-    EXPECT_EQ(getAll().size(), 1u);
-
-    engine.registerSchema(Documents::discipline("pending", "Pending"));
-    engine.resolveSchemas();
-    EXPECT_EQ(get("acme.building:x-1.0.0").getName(), "X");
-}
-
-TEST_P(DirectTaxonRegistrationTest, TakesTypeIdsAsOpaque) {
-    for (const std::string& typeId :
-         {std::string(" "), std::string("a\0b", 3), std::string("a"), std::string("\"\\")}) {
-        add(Taxon(typeId, "Name of " + typeId, Format::PropertySets));
+        const Taxon taxon("acme.building:x-1.0.0", "X", Format::PropertySets);
+        failEachAllocation([] { return ParametersEngine(); },
+                           [&, add = add](ParametersEngine& fresh) { (fresh.*add)(taxon); },
+                           [&, add = add, getAll = getAll](ParametersEngine& fresh) {
+                               EXPECT_FALSE(fresh.isRegistered("acme.building:x-1.0.0"));
+                               (fresh.*add)(taxon);
+                               EXPECT_EQ((fresh.*getAll)().size(), 1u);
+                           });
     }
-    EXPECT_EQ(getAll().size(), 4u);
-    EXPECT_EQ(get(std::string("a\0b", 3)).getName(), std::string("Name of a\0b", 11));
-    EXPECT_EQ(get("a").getName(), "Name of a");
 }
 
-TEST_P(DirectTaxonRegistrationTest, RefusesKnownTypeIdsAndMissingNamesAndStaysAsItWas) {
+TEST(DirectRegistrationTest, RefusesKnownTypeIdsAndMissingNamesLikeDocuments) {
+    ParametersEngine engine;
     engine.registerSchema(Documents::discipline("finished", "Finished"));
     engine.registerSchema(Documents::dimension("finished dimension", "Finished"));
     engine.resolveSchemas();
     engine.registerDomain(Taxon("object", "Object", Format::PropertySets));
     engine.registerSchema(Documents::group("pending", "Pending"));
     engine.registerSchema(Documents::dimension("pending dimension", "Pending"));
-    const auto before = getAll();
-
     for (const std::string typeId :
          {"finished", "finished dimension", "object", "pending", "pending dimension", "quovanta.spec:discipline-2.0.0",
-          "quovanta.parameter:group-1.0.0", "quovanta.range:range.string-1.0.0"}) {
+          "quovanta.range:range.string-1.0.0", "quovanta.spec:spec.bool-1.0.0"}) {
         const std::string message = "Schema with typeid " + typeId + " is already registered.";
-        EXPECT_THROWS(add(Taxon(typeId, "Again", Format::PropertySets)), ValidationException, message);
-        // The typeid is looked at before the object.
-        EXPECT_THROWS(add(Taxon(typeId, "", Format::PropertySets)), ValidationException, message);
+        // The typeid is looked at before the rest.
+        EXPECT_THROWS(engine.registerSchema(Documents::group(typeId, "")), ValidationException, message);
+        EXPECT_THROWS(engine.registerSchema(Documents::dimension(typeId, "Again")), ValidationException, message);
+        for (const Kind& kind : kinds) {
+            EXPECT_THROWS((engine.*kind.add)(Taxon(typeId, "", Format::PropertySets)), ValidationException, message);
+        }
     }
-    EXPECT_THROWS(add(Taxon("", "", Format::PropertySets)), ValidationException, "Typeid must not be empty.");
-    EXPECT_THROWS(add(Taxon("new", "", Format::PropertySets)), ValidationException, "Name must not be empty.");
-    EXPECT_FALSE(engine.isRegistered("new"));
-    EXPECT_EQ(getAll(), before);
-
+    for (const auto& [add, get, getAll] : kinds) {
+        const auto before = (engine.*getAll)();
+        EXPECT_THROWS((engine.*add)(Taxon("", "", Format::PropertySets)), ValidationException,
+                      "Typeid must not be empty.");
+        EXPECT_THROWS((engine.*add)(Taxon("new", "", Format::PropertySets)), ValidationException,
+                      "Name must not be empty.");
+        EXPECT_FALSE(engine.isRegistered("new"));
+        EXPECT_EQ((engine.*getAll)(), before);
+    }
     engine.resolveSchemas();
+    EXPECT_EQ(engine.getAllGroups().size(), 1u) << "none of the refused documents";
     EXPECT_EQ(engine.getSchema("pending"), Documents::group("pending", "Pending"));
-    add(Taxon("new", "New", Format::PropertySets));
-    EXPECT_EQ(get("new").getName(), "New");
-}
-
-TEST_P(DirectTaxonRegistrationTest, IsUndoneIfMemoryDoesNotSuffice) {
-    const Taxon taxon("acme.building:x-1.0.0", "X", Format::PropertySets);
-    failEachAllocation([] { return ParametersEngine(); },
-                       [&](ParametersEngine& fresh) { (fresh.*GetParam().add)(taxon); },
-                       [&](ParametersEngine& fresh) {
-                           EXPECT_FALSE(fresh.isRegistered("acme.building:x-1.0.0"));
-                           (fresh.*GetParam().add)(taxon);
-                           EXPECT_EQ((fresh.*GetParam().getAll)().size(), 1u);
-                       });
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, DirectTaxonRegistrationTest,
-    ::testing::Values(TaxonOperation{"discipline", &ParametersEngine::registerDiscipline,
-                                     &ParametersEngine::getDiscipline, &ParametersEngine::getAllDisciplines},
-                      TaxonOperation{"domain", &ParametersEngine::registerDomain, &ParametersEngine::getDomain,
-                                     &ParametersEngine::getAllDomains},
-                      TaxonOperation{"group", &ParametersEngine::registerGroup, &ParametersEngine::getGroup,
-                                     &ParametersEngine::getAllGroups}),
-    [](const auto& operation) { return std::string(operation.param.name); });
-
-TEST(DirectRegistrationTest, BlocksADocumentOfTheSameTypeId) {
-    ParametersEngine engine;
-    engine.registerDiscipline(Taxon("x", "X", Format::PropertySets));
-    EXPECT_THROWS(engine.registerSchema(Documents::dimension("x", "X")), ValidationException,
-                  "Schema with typeid x is already registered.");
 }
 
 } // namespace

@@ -6,12 +6,9 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-#include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 namespace Parameters {
 namespace {
@@ -39,24 +36,15 @@ void expectAllStates(const ParametersEngine& engine) {
     EXPECT_EQ(engine.getAllDisciplines().size(), 1u);
     EXPECT_EQ(engine.getDiscipline("finished").getName(), "Finished");
     EXPECT_TRUE(engine.isRegistered("pending"));
-    EXPECT_EQ(engine.getUnitsEngine().getSchema(length), Documents::dimension(length, "Length"));
+    EXPECT_EQ(engine.getSchema(length), Documents::dimension(length, "Length"));
     EXPECT_TRUE(engine.isRegistered(metre));
     EXPECT_TRUE(engine.getUnitsEngine().getAllUnits().empty());
 }
 
 void expectAllFinished(const ParametersEngine& engine) {
     EXPECT_EQ(engine.getAllDisciplines().size(), 2u);
-    EXPECT_EQ(engine.getDiscipline("pending").getName(), "Pending");
     EXPECT_EQ(engine.getSchema("pending"), Documents::discipline("pending", "Pending"));
     EXPECT_EQ(engine.getUnitsEngine().getUnit(metre).getName(), "Metre");
-}
-
-TEST(EngineTest, StartsEmpty) {
-    const ParametersEngine engine;
-    EXPECT_TRUE(engine.getAllDisciplines().empty());
-    EXPECT_TRUE(engine.getAllDomains().empty());
-    EXPECT_TRUE(engine.getAllGroups().empty());
-    EXPECT_TRUE(engine.getUnitsEngine().getAllUnits().empty());
 }
 
 TEST(EngineTest, KnowsTheBuiltInTypeIdsByThemselves) {
@@ -84,147 +72,76 @@ TEST(EngineTest, KnowsTheBuiltInTypeIdsByThemselves) {
 }
 
 TEST(EngineTest, MakesUpDefaultDisciplinesAndGroups) {
+    constexpr auto older = Format::PropertySets;
+    constexpr auto newer = Format::LumarDataSchema;
     const ParametersEngine engine;
-    const std::map<std::string, Format> disciplines = {
-        {"quovanta.spec:discipline-1.0.0", Format::PropertySets},
-        {"quovanta.spec:discipline-2.0.0", Format::LumarDataSchema},
-        {"quovanta.spec:discipline-7.7.7", Format::PropertySets},
-        {"quovanta.spec:discipline-", Format::PropertySets},
-        {"prefix quovanta.spec:discipline-x", Format::PropertySets},
-        {"prefix quovanta.spec:discipline-2.0.0", Format::PropertySets},
-    };
-    for (const auto& [typeId, format] : disciplines) {
-        const Taxon discipline = engine.getDiscipline(typeId);
-        EXPECT_EQ(discipline.getTypeId(), typeId);
-        EXPECT_EQ(discipline.getName(), "Common") << typeId;
-        EXPECT_EQ(discipline.getSchemaFormat(), format) << typeId;
+    for (const auto& [typeId, format] : {std::pair("quovanta.spec:discipline-1.0.0", older),
+                                         {"quovanta.spec:discipline-2.0.0", newer},
+                                         {"quovanta.spec:discipline-", older},
+                                         {"prefix quovanta.spec:discipline-2.0.0", older}}) {
+        EXPECT_EQ(engine.getDiscipline(typeId).getTypeId(), typeId);
+        EXPECT_EQ(engine.getDiscipline(typeId).getName(), "Common");
+        EXPECT_EQ(engine.getDiscipline(typeId).getSchemaFormat(), format) << typeId;
     }
-    const std::map<std::string, Format> groups = {
-        {"quovanta.parameter:group-1.0.0", Format::PropertySets},
-        {"quovanta.parameter:group-2.0.0", Format::LumarDataSchema},
-        {"a quovanta.parameter:group-2.0.0 b", Format::PropertySets},
-    };
-    for (const auto& [typeId, format] : groups) {
-        const Taxon group = engine.getGroup(typeId);
-        EXPECT_EQ(group.getTypeId(), typeId);
-        EXPECT_EQ(group.getName(), "Other") << typeId;
-        EXPECT_EQ(group.getSchemaFormat(), format) << typeId;
+    for (const auto& [typeId, format] : {std::pair("quovanta.parameter:group-1.0.0", older),
+                                         {"quovanta.parameter:group-2.0.0", newer},
+                                         {"a quovanta.parameter:group-2.0.0 b", older}}) {
+        EXPECT_EQ(engine.getGroup(typeId).getTypeId(), typeId);
+        EXPECT_EQ(engine.getGroup(typeId).getName(), "Other");
+        EXPECT_EQ(engine.getGroup(typeId).getSchemaFormat(), format) << typeId;
     }
-    EXPECT_TRUE(engine.getAllDisciplines().empty());
-    EXPECT_TRUE(engine.getAllGroups().empty());
+    EXPECT_TRUE(engine.getAllDisciplines().empty() && engine.getAllGroups().empty());
     EXPECT_THROWS(engine.getDomain("quovanta.talmo.category:domain-1.0.0"), UnrecognizedIdentifierException,
                   "Could not find domain with typeid quovanta.talmo.category:domain-1.0.0.");
-    EXPECT_THROWS(engine.getDiscipline("quovanta.parameter:group-1.0.0"), UnrecognizedIdentifierException,
-                  "Could not find discipline with typeid quovanta.parameter:group-1.0.0.");
 }
 
-TEST(EngineTest, PrefersTheDefaultToARegisteredTaxonInGettersOfOne) {
-    const std::string typeId = "acme quovanta.spec:discipline-1 quovanta.parameter:group-1";
-    ParametersEngine engine;
-    engine.registerDiscipline(Taxon(typeId, "Registered", Format::LumarDataSchema));
-    EXPECT_EQ(engine.getDiscipline(typeId).getName(), "Common");
-    EXPECT_EQ(engine.getGroup(typeId).getName(), "Other");
-    EXPECT_EQ(engine.getAllDisciplines().at(typeId).getName(), "Registered");
-    EXPECT_THROWS(engine.getDomain(typeId), UnrecognizedIdentifierException,
-                  "Could not find domain with typeid acme quovanta.spec:discipline-1 quovanta.parameter:group-1.");
-}
+TEST(EngineTest, FindsFinishedObjectsByKindAfterTheDefaults) {
+    const std::string likeDefaults = "acme quovanta.spec:discipline-1 quovanta.parameter:group-1";
+    ParametersEngine engine = engineInAllStates();
+    engine.registerDiscipline(Taxon(likeDefaults, "Registered", Format::LumarDataSchema));
+    EXPECT_EQ(engine.getDiscipline(likeDefaults).getName(), "Common");
+    EXPECT_EQ(engine.getGroup(likeDefaults).getName(), "Other");
+    EXPECT_EQ(engine.getAllDisciplines().at(likeDefaults).getName(), "Registered");
 
-TEST(EngineTest, FindsFinishedObjectsByKind) {
-    ParametersEngine engine;
-    engine.registerDiscipline(Taxon("a", "A", Format::PropertySets));
-    engine.registerDomain(Taxon("b", "B", Format::PropertySets));
-    engine.registerGroup(Taxon("c", "C", Format::PropertySets));
-    EXPECT_EQ(engine.getDiscipline("a").getName(), "A");
-    EXPECT_EQ(engine.getDomain("b").getName(), "B");
-    EXPECT_EQ(engine.getGroup("c").getName(), "C");
-    EXPECT_EQ(engine.getAllDomains().at("b").getName(), "B");
-    EXPECT_EQ(engine.getAllGroups().size(), 1u);
-
-    EXPECT_THROWS(engine.getDiscipline("b"), UnrecognizedIdentifierException,
-                  "Could not find discipline with typeid b.");
-    EXPECT_THROWS(engine.getDomain("c"), UnrecognizedIdentifierException, "Could not find domain with typeid c.");
-    EXPECT_THROWS(engine.getGroup("a"), UnrecognizedIdentifierException, "Could not find group with typeid a.");
-    EXPECT_THROWS(engine.getGroup(""), UnrecognizedIdentifierException, "Could not find group with typeid .");
-    EXPECT_THROWS(engine.getDiscipline("A"), UnrecognizedIdentifierException,
-                  "Could not find discipline with typeid A.");
-}
-
-TEST(EngineTest, ListsInTheOrderOfBytes) {
-    const std::vector<std::string> ascending = {"A", "A-1", "A-1.0.0", "A-10.0.0", "A-2.0.0", "a", "\xC3\xA9"};
-    ParametersEngine engine;
-    for (const std::size_t i : {4u, 6u, 0u, 3u, 5u, 1u, 2u}) {
-        engine.registerGroup(Taxon(ascending[i], "Name of " + ascending[i], Format::PropertySets));
+    for (const std::string typeId : {"", "pending", "Finished"}) {
+        const std::string message = "Could not find discipline with typeid " + typeId + ".";
+        EXPECT_THROWS(engine.getDiscipline(typeId), UnrecognizedIdentifierException, message);
     }
-    std::vector<std::string> listed;
-    for (const auto& [typeId, group] : engine.getAllGroups()) {
-        listed.push_back(typeId);
-        EXPECT_EQ(group.getTypeId(), typeId);
-        EXPECT_EQ(group.getName(), "Name of " + typeId);
-    }
-    EXPECT_EQ(listed, ascending);
+    EXPECT_THROWS(engine.getDomain("finished"), UnrecognizedIdentifierException,
+                  "Could not find domain with typeid finished.");
+    EXPECT_THROWS(engine.getGroup("finished"), UnrecognizedIdentifierException,
+                  "Could not find group with typeid finished.");
 }
 
-TEST(EngineTest, HandsOutCopiesThatOutliveIt) {
-    std::optional<ParametersEngine> engine(engineInAllStates());
-    const Taxon one = engine->getDiscipline("finished");
-    const std::map<std::string, Taxon> all = engine->getAllDisciplines();
-    engine->resolveSchemas();
-    EXPECT_EQ(all.size(), 1u);
-    engine.reset();
-    EXPECT_EQ(one.getName(), "Finished");
-    EXPECT_EQ(all.at("finished").getTypeId(), "finished");
-}
-
-TEST(EngineTest, SeesPendingItemsAsRegisteredOnly) {
-    const ParametersEngine engine = engineInAllStates();
-    EXPECT_TRUE(engine.isRegistered("pending"));
-    EXPECT_EQ(engine.getAllDisciplines().count("pending"), 0u);
-    EXPECT_THROWS(engine.getDiscipline("pending"), UnrecognizedIdentifierException,
-                  "Could not find discipline with typeid pending.");
-    EXPECT_THROWS(engine.getSchema("pending"), UnrecognizedIdentifierException,
-                  "Could not find any object with typeid pending.");
-}
-
-TEST(EngineTest, SeesWhatIsDoneThroughTheUnitsEngine) {
-    ParametersEngine engine;
-    engine.getUnitsEngine().registerSchema(Documents::dimension(length, "Length"));
-    EXPECT_TRUE(engine.isRegistered(length));
-    EXPECT_THROWS(engine.registerGroup(Taxon(length, "Length", Format::PropertySets)), ValidationException,
-                  "Schema with typeid acme.building:dimension.length-1.0.0 is already registered.");
-    engine.getUnitsEngine().resolveSchemas();
-    EXPECT_EQ(engine.getSchema(length), Documents::dimension(length, "Length"));
-}
-
-TEST(EngineTest, CopiesEverythingAndSharesNothing) {
-    ParametersEngine original = engineInAllStates();
-    ParametersEngine copy = original;
-    expectAllStates(copy);
-    copy.resolveSchemas();
-    expectAllFinished(copy);
-    expectAllStates(original);
-
-    original.registerGroup(Taxon("later", "Later", Format::PropertySets));
-    EXPECT_FALSE(copy.isRegistered("later"));
-    original.resolveSchemas();
-    expectAllFinished(original);
-}
-
-TEST(EngineTest, ReplacesEverythingWhenAssigned) {
+TEST(EngineTest, CopiesAndMovesEverythingAndSharesNothing) {
     const ParametersEngine source = engineInAllStates();
     ParametersEngine target;
     target.registerGroup(Taxon("old", "Old", Format::PropertySets));
-    target.registerSchema(Documents::domain("old pending", "Old"));
     target.registerSchema(Documents::dimension("old dimension", "Old"));
     const Units::UnitsEngine& units = target.getUnitsEngine();
-
     target = source;
     EXPECT_EQ(&units, &target.getUnitsEngine()) << "a copy assignment keeps references to the units engine";
-    for (const char* typeId : {"old", "old pending", "old dimension"}) {
-        EXPECT_FALSE(target.isRegistered(typeId)) << typeId;
-    }
+    EXPECT_FALSE(target.isRegistered("old") || target.isRegistered("old dimension"));
+    ParametersEngine& same = target;
+    target = same;
+    target = std::move(same);
     expectAllStates(target);
-    target.resolveSchemas();
-    expectAllFinished(target);
+
+    ParametersEngine other = target;
+    other.resolveSchemas();
+    expectAllFinished(other);
+    expectAllStates(target);
+
+    ParametersEngine taken = std::move(target);
+    EXPECT_EQ(&units, &taken.getUnitsEngine());
+    expectAllStates(taken);
+    target = taken; // usable again
+    other = std::move(taken);
+    expectAllStates(other);
+    other.resolveSchemas();
+    expectAllFinished(other);
+    taken = std::move(target);
+    expectAllStates(taken);
     expectAllStates(source);
 }
 
@@ -239,51 +156,11 @@ TEST(EngineTest, IsUnchangedByAnAssignmentForWhichMemoryDoesNotSuffice) {
     failEachAllocation(
         makeTarget, [&](ParametersEngine& target) { target = source; },
         [](ParametersEngine& target) {
-            EXPECT_FALSE(target.isRegistered("finished"));
-            EXPECT_FALSE(target.isRegistered("pending"));
+            EXPECT_FALSE(target.isRegistered("finished") || target.isRegistered("pending"));
             EXPECT_FALSE(target.isRegistered(length));
             EXPECT_EQ(target.getGroup("old").getName(), "Old");
             EXPECT_TRUE(target.isRegistered("old dimension"));
         });
-}
-
-TEST(EngineTest, SurvivesAssignmentToItself) {
-    ParametersEngine engine = engineInAllStates();
-    ParametersEngine& same = engine;
-    engine = same;
-    expectAllStates(engine);
-    engine = std::move(same);
-    expectAllStates(engine);
-    engine.resolveSchemas();
-    expectAllFinished(engine);
-}
-
-TEST(EngineTest, MovesEverything) {
-    ParametersEngine source = engineInAllStates();
-    const Units::UnitsEngine& units = source.getUnitsEngine();
-    ParametersEngine taken = std::move(source);
-    EXPECT_EQ(&units, &taken.getUnitsEngine());
-    expectAllStates(taken);
-
-    ParametersEngine target;
-    target.registerGroup(Taxon("old", "Old", Format::PropertySets));
-    target = std::move(taken);
-    EXPECT_FALSE(target.isRegistered("old"));
-    target.resolveSchemas();
-    expectAllFinished(target);
-}
-
-TEST(EngineTest, IsUsableAgainAfterAnAssignmentToAMovedFromOne) {
-    ParametersEngine source;
-    const ParametersEngine first = std::move(source);
-    source = engineInAllStates();
-    expectAllStates(source);
-
-    const ParametersEngine second = std::move(source);
-    source = second;
-    source.resolveSchemas();
-    expectAllFinished(source);
-    expectAllStates(second);
 }
 
 } // namespace

@@ -8,8 +8,6 @@ namespace {
 using namespace Documents;
 using TypeIds = std::set<std::string>;
 
-const std::string missing = " in schema x is missing or does not represent an object of the expected type.";
-
 std::string ranged(const std::string& group, const std::string& spec) {
     return older(".ranged.int64-1", "," + reference("range", "ints") + "," + reference("group", group), spec);
 }
@@ -36,7 +34,6 @@ TEST(ImportTest, LeavesWhatItHasDoneUntilItFails) {
                   UnrecognizedIdentifierException, "Could not find any object with typeid pending.");
     EXPECT_TRUE(engine.isRegistered("x") && engine.isRegistered("length") && engine.isRegistered("metre"));
     EXPECT_FALSE(engine.isRegistered("distance") || engine.isRegistered("ints"));
-    EXPECT_THROWS(engine.resolveSchemas(), ValidationException, "Dependency pending" + missing);
 
     engine = ParametersEngine();
     engine.registerSchema(unit("metre", "Metre", "length"));
@@ -44,7 +41,8 @@ TEST(ImportTest, LeavesWhatItHasDoneUntilItFails) {
                   "Could not find unit with typeid metre.");
     EXPECT_TRUE(engine.isRegistered("x") && engine.isRegistered("ints"));
     EXPECT_FALSE(engine.isRegistered("distance") || engine.isRegistered("group"));
-    EXPECT_THROWS(engine.resolveSchemas(), ValidationException, "Dependency group" + missing);
+    EXPECT_THROWS(engine.resolveSchemas(), ValidationException,
+                  "Dependency group in schema x is missing or does not represent an object of the expected type.");
     EXPECT_FALSE(engine.isRegistered("x") || engine.isRegistered("ints"));
     EXPECT_EQ(engine.registerSchemaWithContext(ranged("group", "?"), engine), (TypeIds{"?", "group", "ints"}));
 }

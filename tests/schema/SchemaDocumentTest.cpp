@@ -39,20 +39,17 @@ TEST(SchemaDocument, ReadsTheFrame) {
     EXPECT_EQ(bare.schemaFormat, SchemaFormat::PropertySets);
     EXPECT_EQ(printed(bare.constants) + printed(bare.properties) + printed(bare.enumItems), "");
 
-    const SchemaDocument component = documentFrom(
-        R"({"schemaSpecification":"lumar-data-schema-2.0.0","typeid":"a","inherits":["b"],"constants":[]})");
-    EXPECT_EQ(component.schemaType, "component");
-    EXPECT_EQ(component.schemaFormat, SchemaFormat::LumarDataSchema);
-
-    const SchemaDocument enumeration = documentFrom(
-        R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"enum","typeid":"a","inherits":0})");
-    EXPECT_EQ(enumeration.schemaType, "enum");
-    EXPECT_EQ(enumeration.baseSchema, "");
-
-    const SchemaDocument other = documentFrom(
-        R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"x","typeid":"a","inherits":["b"]})");
-    EXPECT_EQ(other.schemaType, "x");
-    EXPECT_EQ(other.baseSchema, "b");
+    const std::pair<const char*, const char*> cases[] = {
+        {R"("typeid":"a","inherits":["b"],"constants":[])", "component b"},
+        {R"("schemaType":"enum","typeid":"a","inherits":0)", "enum "},
+        {R"("schemaType":"x","typeid":"a","inherits":["b"])", "x b"},
+    };
+    for (const auto& [members, typeAndBase] : cases) {
+        const SchemaDocument document =
+            documentFrom(R"({"schemaSpecification":"lumar-data-schema-2.0.0",)" + std::string(members) + "}");
+        EXPECT_EQ(std::string(document.schemaType) + " " + std::string(document.baseSchema), typeAndBase);
+        EXPECT_EQ(document.schemaFormat, SchemaFormat::LumarDataSchema);
+    }
 }
 
 TEST(SchemaDocument, OrdersSectionsById) {
@@ -70,37 +67,32 @@ TEST(SchemaDocument, OrdersSectionsById) {
 TEST(SchemaDocument, ReportsTheFirstFaultOfTheFrame) {
     const std::string noTypeId = "Schema must specify a typeid string.";
     const std::string unsupported = "Unsupported schema specification version.";
-    const std::string notOneBase = "Inheritance clause must specify exactly one base schema.";
-    const std::string noObject = "Expected an object describing a property.";
-    const std::string noValue = "A property definition must contain either a value or a typedValue.";
     const std::string twiceX = "Item x in constants array must be defined only once.";
     const std::pair<std::string, std::string> cases[] = {
         {"{", "JSON parsing error at offset 1: Missing a name for an object member."},
         {R"("typeid")", noTypeId},
-        {R"({"schemaSpecification":0})", noTypeId},
         {R"({"typeid":["t"],"schemaSpecification":0})", noTypeId},
-        {R"({"typeid":"","schemaSpecification":0})", "The typeid string may not be empty."},
         {R"({"typeid":"\u0000t","schemaSpecification":0})", "The typeid string may not be empty."},
-        {R"({"typeid":"t","schemaSpecification":0,"inherits":0})", unsupported},
         {R"({"typeid":"t","schemaSpecification":"lumar-data-schema-1.0.0","inherits":0})", unsupported},
         {R"({"typeid":"t","schemaSpecification":"lumar-data-schema-2.0.0","schemaType":0,"inherits":0})", unsupported},
         {R"({"typeid":"t","schemaType":"enum","constants":0})", "Schema must specify an inheritance array."},
         {R"({"typeid":"t","inherits":"b","constants":0})", "Expected an array."},
         {R"({"typeid":"t","inherits":[0,""],"constants":0})", "Expected an array of strings."},
         {R"({"typeid":"t","inherits":["b","",0],"constants":0})", "Expected an array of non-empty strings."},
-        {R"({"typeid":"t","inherits":[],"constants":0})", notOneBase},
-        {R"({"typeid":"t","inherits":["b","c"],"constants":0})", notOneBase},
+        {R"({"typeid":"t","inherits":["b","c"],"constants":0})",
+         "Inheritance clause must specify exactly one base schema."},
         {R"({"typeid":"t","inherits":["b"],"constants":{},"properties":0})",
          "Expected schema constants to be an array."},
-        {R"({"typeid":"t","inherits":["b"],"constants":[{"id":"x"},0,{}],"properties":0})", noObject},
-        {R"({"typeid":"t","inherits":["b"],"constants":[0,{"id":"x"},{"id":"x"}],"properties":0})", noObject},
+        {R"({"typeid":"t","inherits":["b"],"constants":[0,{"id":"x"},{"id":"x"}],"properties":0})",
+         "Expected an object describing a property."},
         {R"({"typeid":"t","inherits":["b"],"constants":[{"id":"x"},{},{"id":0}],"properties":0})",
          "A property definition must have an id attribute."},
         {R"({"typeid":"t","inherits":["b"],"constants":[{"id":"x"},{"id":0},{}],"properties":0})",
          "A property's id attribute must be a string."},
         {R"({"typeid":"t","inherits":["b"],"constants":[{"id":"x"},{"id":"x"},0],"properties":0})", twiceX},
         {R"({"typeid":"t","inherits":["b"],"constants":[{"id":"x"},{"id":"a"},{"id":"x\u0000"},{"id":"a"}]})", twiceX},
-        {R"({"typeid":"t","inherits":["b"],"constants":[{"id":"x","value":0},{"id":"a"}],"properties":0})", noValue},
+        {R"({"typeid":"t","inherits":["b"],"constants":[{"id":"x","value":0},{"id":"a"}],"properties":0})",
+         "A property definition must contain either a value or a typedValue."},
         {R"({"typeid":"t","inherits":["b"],"properties":0,"enum":0})", "Expected schema properties to be an array."},
         {R"({"typeid":"t","inherits":["b"],"properties":[{"id":""},{"id":""}],"enum":0})",
          "Item  in properties array must be defined only once."},
@@ -112,15 +104,12 @@ TEST(SchemaDocument, ReportsTheFirstFaultOfTheFrame) {
 }
 
 TEST(SchemaDocument, NamesTheFirstRepetitionOfALongArray) {
-    std::string there;
-    std::string back;
-    for (int i = 10; i < 60; ++i) {
-        const std::string item = R"({"id":")" + std::to_string(i) + R"("},)";
-        there += item;
-        back.insert(0, item);
+    std::string items;
+    for (int i = 0; i < 100; ++i) {
+        items += R"({"id":")" + std::to_string(i < 50 ? i : 99 - i) + R"("},)";
     }
-    EXPECT_THROWS(documentFrom(R"({"typeid":"t","inherits":["b"],"properties":[)" + there + back + "0]}"),
-                  ValidationException, "Item 59 in properties array must be defined only once.");
+    EXPECT_THROWS(documentFrom(R"({"typeid":"t","inherits":["b"],"properties":[)" + items + "0]}"), ValidationException,
+                  "Item 49 in properties array must be defined only once.");
 }
 
 TEST(SchemaDocument, ReadsConstants) {
@@ -133,34 +122,28 @@ TEST(SchemaDocument, ReadsConstants) {
     EXPECT_EQ(readTypedValueArrayConstant(withConstant(R"([{"typeid":"y"},{"typeid":"x"}])"), "k"),
               (Strings{"y", "x"}));
     EXPECT_EQ(readTypedValueArrayConstant(withConstant("[]"), "k", Strings{"default"}), Strings());
-    EXPECT_EQ(readStringConstant(withConstant("0"), "other", ""), "");
     EXPECT_EQ(readIntegerConstant(withConstant("0"), "other", 7), 7);
 }
 
 TEST(SchemaDocument, SaysWhatIsWrongWithAConstant) {
     using Read = std::function<void(const SchemaDocument&, std::string_view)>;
-    const Read string = [](const auto& document, auto key) { static_cast<void>(readStringConstant(document, key)); };
-    const Read any = [](const auto& document, auto key) { static_cast<void>(readAnyStringConstant(document, key)); };
-    const Read number = [](const auto& document, auto key) { static_cast<void>(readNumberConstant(document, key)); };
-    const Read integer = [](const auto& document, auto key) { static_cast<void>(readIntegerConstant(document, key)); };
-    const Read boolean = [](const auto& document, auto key) { static_cast<void>(readBoolConstant(document, key)); };
-    const Read typed = [](const auto& document, auto key) { static_cast<void>(readTypedValueConstant(document, key)); };
-    const Read list = [](const auto& document, auto key) {
-        static_cast<void>(readTypedValueArrayConstant(document, key));
-    };
+    const Read string = [](const auto& document, auto key) { return void(readStringConstant(document, key)); };
+    const Read any = [](const auto& document, auto key) { return void(readAnyStringConstant(document, key)); };
+    const Read number = [](const auto& document, auto key) { return void(readNumberConstant(document, key)); };
+    const Read integer = [](const auto& document, auto key) { return void(readIntegerConstant(document, key)); };
+    const Read boolean = [](const auto& document, auto key) { return void(readBoolConstant(document, key)); };
+    const Read typed = [](const auto& document, auto key) { return void(readTypedValueConstant(document, key)); };
+    const Read list = [](const auto& document, auto key) { return void(readTypedValueArrayConstant(document, key)); };
     const std::string notATypeIdOnly = "A typedValue object may not be empty and must contain a typeid attribute only.";
     const std::tuple<Read, std::string, std::string> cases[] = {
         {string, "0", "Expected a string."},
         {string, R"("")", "Expected a non-empty string."},
-        {string, R"("\u0000x")", "Expected a non-empty string."},
         {any, "null", "Expected a string."},
         {number, R"("1")", "Expected a number."},
         {integer, "1.0", "Expected an integer."},
         {integer, "9223372036854775808", "Expected an integer."},
         {boolean, "0", "Expected a Boolean value."},
         {typed, R"("x")", "A typedValue must be an object."},
-        {typed, R"({"typeid":"x","other":0})",
-         "Expected a map with string keys and values, but value was not a string."},
         {typed, "{}", notATypeIdOnly},
         {typed, R"({"typeid":"x","other":"y"})", notATypeIdOnly},
         {typed, R"({"other":"y"})", "A typedValue did not contain a typeid attribute."},
@@ -191,15 +174,6 @@ TEST(SchemaDocument, ReadsTheTypeOfAProperty) {
     for (const auto& [key, message] : cases) {
         EXPECT_THROWS(readPropertyTypeId(document, key), ValidationException, message);
     }
-}
-
-TEST(SchemaDocument, CallsTheHandlersOfMembersInTheirOrder) {
-    const SchemaDocument document = documentFrom(
-        R"({"typeid":"t","inherits":["b"],"constants":[{"id":"a","value":1},{"id":"b","value":2},{"id":"c","value":3}]})");
-    std::string calls;
-    const auto note = [&calls](const JSON& json) { calls += json.toString(); };
-    readMembers(document.constants, MemberHandler{"c", note}, MemberHandler{"aa", note}, MemberHandler{"a", note});
-    EXPECT_EQ(calls, "31");
 }
 
 } // namespace
