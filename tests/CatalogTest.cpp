@@ -24,7 +24,8 @@ TEST(CatalogTest, IsWrittenTheSameAfterItHasBeenReadAgain) {
     catalog.resolveSchemas();
     const auto objects = objectsIn(catalog);
     EXPECT_GE(objects.size(), 100u);
-    for (const auto& [typeId, add] : objects) {
+    for (const auto& object : objects) {
+        const std::string& typeId = object.first;
         ParametersEngine needs;
         for (const std::string& other : catalog.getDependencies(typeId)) {
             if (!needs.isRegistered(other)) {

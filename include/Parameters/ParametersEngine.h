@@ -201,8 +201,9 @@ public:
     /// without the built-in ones: a spec's discipline and units with what those depend on; a category's domain and
     /// disciplines, or its parent and the parent's domain and disciplines; a parameter's group, spec and range with
     /// what the spec and a category depend on. Items of the other kinds depend on nothing.
-    ///
     /// @throws UnrecognizedIdentifierException  "Could not find any object with typeid {typeid}."
+    /// @throws std::out_of_range  the category is a subcategory that was imported, and its parent gave way to an item
+    ///         of another kind that was registered under the parent's typeid.
     [[nodiscard]] std::set<std::string> getDependencies(const std::string& typeId) const;
 
     /// The same for a parameter that is not registered, checked as registerParameter() does.

@@ -43,7 +43,7 @@ TEST(ModelTest, KnowsWhatAModelKnowsWhateverIsDone) {
     std::array<ParametersEngine, 3> engines;
     std::array<Model, 3> models;
     std::mt19937 random(1);
-    for (int step = 0; step < 4000 && !HasFailure(); ++step) {
+    for (std::size_t step = 0; step < 4000 && !HasFailure(); ++step) {
         const std::size_t operation = random() % 12, index = random() % items.size(), other = random() % 3;
         SCOPED_TRACE("step " + std::to_string(step) + ", operation " + std::to_string(operation));
         const Item& item = items[index];
