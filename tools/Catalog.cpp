@@ -19,9 +19,13 @@ namespace {
 void registerAlone(Document& document) {
     Parameters::ParametersEngine engine;
     auto [references, units] = engine.registerSchema(document.text);
-    document.typeId = textAt(parseDocument(document.text), "typeid");
+    const Json json = parseDocument(document.text);
+    if (json.is_discarded()) {
+        throw std::invalid_argument("JSON that not every reader takes, such as half a surrogate pair.");
+    }
+    document.typeId = textAt(json, "typeid");
     if (!engine.isRegistered(document.typeId)) {
-        throw std::invalid_argument("Several typeids.");
+        throw std::invalid_argument("Several typeids, or one with a null character.");
     }
     references.merge(units);
     document.references = std::move(references);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <set>
 #include <string_view>
 
@@ -79,29 +80,29 @@ private:
     }
 
     void compareMembers(std::string_view noun, const Json& members, const std::string& writtenKey) {
-        std::set<std::string> ids;
+        std::map<std::string, const Json*> counterparts = writtenMembers(writtenKey);
         for (const Json& member : members) {
             const std::string id = textAt(member, "id");
             const std::string label = fmt::format("{} {}", noun, Json(id).dump());
-            const Json* counterpart = ids.insert(id).second ? writtenMember(writtenKey, id) : nullptr;
-            if (counterpart != nullptr) {
-                compareAttributes(label, member, *counterpart);
+            // Taken out, so that a second member of the same name counts as gone.
+            if (const auto counterpart = counterparts.extract(id)) {
+                compareAttributes(label, member, *counterpart.mapped());
             } else if (!isHeldElsewhere(member)) {
                 addGone(label, member);
             }
         }
     }
 
-    [[nodiscard]] const Json* writtenMember(const std::string& key, const std::string& id) const {
+    /// By id; the first of several of one id.
+    [[nodiscard]] std::map<std::string, const Json*> writtenMembers(const std::string& key) const {
+        std::map<std::string, const Json*> result;
         const auto members = written_.find(key);
         if (members != written_.end()) {
             for (const Json& member : *members) {
-                if (textAt(member, "id") == id) {
-                    return &member;
-                }
+                result.emplace(textAt(member, "id"), &member);
             }
         }
-        return nullptr;
+        return result;
     }
 
     /// Whether a member is a reference and nothing else, which either stands elsewhere or is what the base implies.

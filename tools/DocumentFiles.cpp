@@ -139,7 +139,9 @@ void addDocument(std::vector<DocumentText>& documents, const std::string& file, 
     document.origin.file = file;
     document.origin.line = line;
     document.fault = faultOf(text);
-    document.text = std::move(text);
+    if (document.fault.empty()) {
+        document.text = std::move(text);
+    }
 }
 
 void readLines(std::streambuf& buffer, const std::string& file, std::vector<DocumentText>& documents) {

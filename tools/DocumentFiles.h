@@ -16,7 +16,7 @@ struct Origin {
 /// FILE or FILE:LINE
 std::string wordsFor(const Origin& origin);
 
-/// The text of a document, or what speaks against reading it as one.
+/// The text of a document, or what speaks against reading it as one; then the text is empty.
 struct DocumentText {
     Origin origin;
     std::string text;

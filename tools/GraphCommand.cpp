@@ -77,6 +77,7 @@ void addGraph(CLI::App& app, Status& status) {
     command->add_flag("--reverse", options->isReverse, "Only the document and what refers to it")->needs(typeId);
     command->add_option("--depth", options->depth, "Only so many references away from the document")
         ->type_name("NUMBER")
+        ->check(CLI::NonNegativeNumber)
         ->needs(typeId);
     command
         ->add_option(

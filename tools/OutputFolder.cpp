@@ -55,7 +55,12 @@ std::string lowerCase(std::string text) {
 
 void writeFile(const fs::path& file, const std::string& text, bool overwrite) {
     if (file.has_parent_path()) {
-        fs::create_directories(file.parent_path());
+        std::error_code error;
+        fs::create_directories(file.parent_path(), error);
+        if (error) {
+            throw std::runtime_error(fmt::format("The folder {} cannot be made: {}.",
+                                                 printable(file.parent_path().string()), error.message()));
+        }
     }
     // Exclusive, so that nothing is overwritten that has come there meanwhile.
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), overwrite ? "wb" : "wbx"),

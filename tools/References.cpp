@@ -108,6 +108,17 @@ std::string missingMessage(const std::string& typeId, const std::map<std::string
                : fmt::format("Refers to {}, which was refused in {}.", typeId, wordsFor(entry->second->origin));
 }
 
+/// Each document of a ring gets these words, so that they must not grow with the ring.
+std::string wordsFor(const Catalog& catalog, const Positions& ring) {
+    constexpr std::size_t mostNamed = 10;
+    std::vector<std::string> typeIds;
+    for (std::size_t step = 0; step < std::min(ring.size(), mostNamed); ++step) {
+        typeIds.push_back(catalog.documents[ring[step]].typeId);
+    }
+    return fmt::format("{}{}", fmt::join(typeIds, ", "),
+                       ring.size() > mostNamed ? fmt::format(" and {} more", ring.size() - mostNamed) : "");
+}
+
 } // namespace
 
 void reportMissingReferences(Catalog& catalog) {
@@ -144,14 +155,10 @@ std::vector<Positions> referrersOf(const Catalog& catalog) {
 Positions inOrderOfReferences(Catalog& catalog) {
     Ordering ordering(catalog);
     for (Positions ring = ordering.nextRing(); !ring.empty(); ring = ordering.nextRing()) {
-        std::vector<std::string> typeIds;
-        for (const std::size_t position : ring) {
-            typeIds.push_back(catalog.documents[position].typeId);
-        }
+        const std::string message = fmt::format("Is in a ring of references: {}.", wordsFor(catalog, ring));
         for (const std::size_t position : ring) {
             catalog.documents[position].state = DocumentState::Faulty;
-            catalog.faults.push_back(
-                {position, fmt::format("Is in a ring of references: {}.", fmt::join(typeIds, ", "))});
+            catalog.faults.push_back({position, message});
         }
         ordering.takeRing(ring);
     }

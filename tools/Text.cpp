@@ -38,17 +38,24 @@ bool isSequence(std::string_view bytes) {
                                 }));
 }
 
+/// Whether bytes are one of the control characters from U+0080 to U+009F.
+bool isHighControl(std::string_view bytes) {
+    return bytes.size() == 2 && byteAt(bytes, 0) == 0xC2U && byteAt(bytes, 1) >= 0x80U && byteAt(bytes, 1) < 0xA0U;
+}
+
 } // namespace
 
 std::string printable(std::string_view text) {
     std::string result;
     result.reserve(text.size());
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
+    for (std::size_t position = 0; position < text.size(); ++position) {
+        const unsigned char byte = byteAt(text, position);
         if (byte < 0x20U || byte == 0x7FU) {
             result += fmt::format("\\x{:02x}", byte);
+        } else if (isHighControl(text.substr(position, 2))) {
+            result += fmt::format("\\x{:02x}", byteAt(text, ++position));
         } else {
-            result += character;
+            result += text[position];
         }
     }
     return result;
@@ -74,6 +81,9 @@ std::string counted(std::size_t number, std::string_view noun) {
     return fmt::format("{} {}{}", number, noun, number == 1 ? "" : "s");
 }
 
-void printError(std::string_view message) { fmt::print(stderr, "parameters: {}\n", message); }
+void printError(std::string_view message) {
+    // Where errors cannot be written there is nowhere to tell so.
+    static_cast<void>(std::fputs(fmt::format("parameters: {}\n", message).c_str(), stderr));
+}
 
 } // namespace Tool
