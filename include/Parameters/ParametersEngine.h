@@ -88,8 +88,8 @@ public:
     /// @throws ValidationException  as registerSchema(), and then nothing has changed; or a copied object is refused by
     ///         its check, such as a spec whose units are pending in this engine's units engine: resolve them first.
     ///         UnrecognizedIdentifierException "Could not find any object with typeid {typeid}." if something needed is
-    ///         pending or imported in the context. In these two cases the schema stays pending, and what has been
-    ///         copied stays.
+    ///         pending or imported in the context, and std::out_of_range as getDependencies() of the context. In these
+    ///         three cases the schema stays pending, and what has been copied stays.
     std::set<std::string> registerSchemaWithContext(const std::string& schemaText, const ParametersEngine& context);
 
     /// Finishes everything that is pending, as one transaction: references are followed, the objects are made, and only
@@ -209,6 +209,7 @@ public:
     /// The same for a parameter that is not registered, checked as registerParameter() does.
     ///
     /// @throws ValidationException  what registerParameter() has against it, a registered typeid included.
+    /// @throws std::out_of_range  its range is a category of which getDependencies() says so.
     [[nodiscard]] std::set<std::string> getDependencies(const Parameter& parameter) const;
 
     /// @}
