@@ -1,8 +1,7 @@
 #pragma once
 
+#include "support/FinishedObjects.h"
 #include "support/Objects.h"
-
-#include <functional>
 
 namespace Documents {
 
@@ -51,27 +50,6 @@ inline ParametersEngine parameterWorkshop() {
     addSpec("quovanta.talmo.spec:familyType-1.5.0", LegacyPrimitiveType::Reference, old);
     addSpec("quovanta.talmo.spec:familyType-2.0.0", "quovanta.data:reference-1.0.0", full);
     return engine;
-}
-
-/// All finished objects by typeid, each as an operation that registers it in an engine.
-inline std::map<std::string, std::function<void(ParametersEngine&)>> objectsIn(const ParametersEngine& engine) {
-    std::map<std::string, std::function<void(ParametersEngine&)>> objects;
-    const auto add = [&](const auto& objectsOfKind, auto registerOne) {
-        for (const auto& [typeId, object] : objectsOfKind) {
-            objects[typeId] = [registerOne, copy = object](ParametersEngine& other) { (other.*registerOne)(copy); };
-        }
-    };
-    add(engine.getAllCategories(), &ParametersEngine::registerCategory);
-    add(engine.getAllDisciplines(), &ParametersEngine::registerDiscipline);
-    add(engine.getAllDomains(), &ParametersEngine::registerDomain);
-    add(engine.getAllEnumerations(), &ParametersEngine::registerEnumeration);
-    add(engine.getAllFloatRanges(), &ParametersEngine::registerFloatRange);
-    add(engine.getAllGroups(), &ParametersEngine::registerGroup);
-    add(engine.getAllIntRanges(), &ParametersEngine::registerIntRange);
-    add(engine.getAllParameters(), &ParametersEngine::registerParameter);
-    add(engine.getAllSpecs(), &ParametersEngine::registerSpec);
-    add(engine.getAllStringRanges(), &ParametersEngine::registerStringRange);
-    return objects;
 }
 
 } // namespace Parameters

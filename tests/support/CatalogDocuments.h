@@ -1,0 +1,45 @@
+#pragma once
+
+#include <Parameters/ParametersEngine.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace Documents {
+
+/// The file as it stands.
+inline std::string textOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+/// All files below a folder, in the order of their paths; a file stands for itself.
+inline std::vector<std::filesystem::path> filesBelow(const std::filesystem::path& root) {
+    if (!std::filesystem::is_directory(root)) {
+        return {root};
+    }
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+        if (entry.is_regular_file()) {
+            files.push_back(entry.path());
+        }
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// An engine with all documents below a folder, finished.
+inline Parameters::ParametersEngine finishedCatalog(const std::filesystem::path& root) {
+    Parameters::ParametersEngine catalog;
+    for (const auto& path : filesBelow(root)) {
+        catalog.registerSchema(textOf(path));
+    }
+    catalog.resolveSchemas();
+    return catalog;
+}
+
+} // namespace Documents

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <Parameters/ParametersEngine.h>
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace Parameters {
+
+/// All finished objects by typeid, each as an operation that registers it in an engine.
+inline std::map<std::string, std::function<void(ParametersEngine&)>> objectsIn(const ParametersEngine& engine) {
+    std::map<std::string, std::function<void(ParametersEngine&)>> objects;
+    const auto add = [&](const auto& objectsOfKind, auto registerOne) {
+        for (const auto& [typeId, object] : objectsOfKind) {
+            objects[typeId] = [registerOne, copy = object](ParametersEngine& other) { (other.*registerOne)(copy); };
+        }
+    };
+    add(engine.getAllCategories(), &ParametersEngine::registerCategory);
+    add(engine.getAllDisciplines(), &ParametersEngine::registerDiscipline);
+    add(engine.getAllDomains(), &ParametersEngine::registerDomain);
+    add(engine.getAllEnumerations(), &ParametersEngine::registerEnumeration);
+    add(engine.getAllFloatRanges(), &ParametersEngine::registerFloatRange);
+    add(engine.getAllGroups(), &ParametersEngine::registerGroup);
+    add(engine.getAllIntRanges(), &ParametersEngine::registerIntRange);
+    add(engine.getAllParameters(), &ParametersEngine::registerParameter);
+    add(engine.getAllSpecs(), &ParametersEngine::registerSpec);
+    add(engine.getAllStringRanges(), &ParametersEngine::registerStringRange);
+    return objects;
+}
+
+/// An engine that has, from the source, what an item there depends on; default taxa need not be registered anywhere.
+inline ParametersEngine needsOf(const std::string& typeId, const ParametersEngine& source) {
+    ParametersEngine needs;
+    for (const std::string& other : source.getDependencies(typeId)) {
+        if (source.isRegistered(other) && !needs.isRegistered(other)) {
+            needs.registerSchemaWithContext(source.getSchema(other), source);
+        }
+    }
+    needs.resolveSchemas();
+    return needs;
+}
+
+/// Without "downgradedFrom", since what has been read from a downgraded text may be of that version.
+inline std::string unmarked(const std::string& text) {
+    const bool isMarked = text.rfind(R"({"downgradedFrom":)", 0) == 0;
+    return isMarked ? "{" + text.substr(text.find(',') + 1) : text;
+}
+
+/// What is written for the object of a text, both in engines with nothing else than it needs.
+inline std::string writtenAgain(const std::string& typeId, const std::string& text, DataModelVersion version,
+                                const ParametersEngine& needs) {
+    ParametersEngine reader = needs, writer = needs;
+    reader.registerSchemas({{typeId, text}});
+    objectsIn(reader).at(typeId)(writer);
+    return unmarked(writer.getSchemaInCompatibleFormat(version, typeId));
+}
+
+} // namespace Parameters
