@@ -1,5 +1,6 @@
 #include "schema/JSON.h"
 
+#include "support/Documents.h"
 #include "support/Expectations.h"
 #include "support/Parsing.h"
 
@@ -17,13 +18,7 @@
 namespace Parameters {
 namespace {
 
-std::string repeated(const std::string& text, std::size_t times) {
-    std::string all;
-    for (std::size_t i = 0; i < times; ++i) {
-        all += text;
-    }
-    return all;
-}
+using Documents::repeated;
 
 /// The names of the tests that the value passes.
 std::string typesOf(const JSON& json) {

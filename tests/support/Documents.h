@@ -1,9 +1,18 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 /// Texts of small schema documents. Names and typeids are put in as they are, without JSON escapes.
 namespace Documents {
+
+inline std::string repeated(const std::string& text, std::size_t times) {
+    std::string all;
+    for (std::size_t i = 0; i < times; ++i) {
+        all += text;
+    }
+    return all;
+}
 
 inline std::string sections(const std::string& constants, const std::string& properties) {
     return R"("constants":[)" + constants + (properties.empty() ? "]}" : R"(],"properties":[)" + properties + "]}");

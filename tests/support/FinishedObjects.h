@@ -29,6 +29,15 @@ inline std::map<std::string, std::function<void(ParametersEngine&)>> objectsIn(c
     return objects;
 }
 
+/// The texts of all finished objects, by typeid.
+inline std::map<std::string, std::string> textsIn(const ParametersEngine& engine) {
+    std::map<std::string, std::string> texts;
+    for (const auto& object : objectsIn(engine)) {
+        texts[object.first] = engine.getSchema(object.first);
+    }
+    return texts;
+}
+
 /// An engine that has, from the source, what an item there depends on; default taxa need not be registered anywhere.
 inline ParametersEngine needsOf(const std::string& typeId, const ParametersEngine& source) {
     ParametersEngine needs;
