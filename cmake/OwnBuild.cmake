@@ -16,6 +16,10 @@ if(PROJECT_IS_TOP_LEVEL)
         # Sanitized libraries leave the runtime of the sanitizer to the program.
         set(parameters_link_options LINKER:--no-undefined)
     endif()
+    if(PARAMETERS_BUILD_FUZZ)
+        # RapidJSON's own stack adds to null pointers.
+        list(APPEND parameters_compile_options -fsanitize=fuzzer-no-link -fno-sanitize=pointer-overflow)
+    endif()
 endif()
 
 function(parameters_own_build target)
