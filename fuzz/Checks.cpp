@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
-#include <regex>
 
 namespace Fuzz {
 
@@ -36,10 +35,11 @@ bool hasWrittenForm(const ParametersEngine& engine, const std::string& typeId, P
     try {
         objectsIn(engine).at(typeId)(needs);
     } catch (const ValidationException& exception) {
-        // Documents make specs that could not be registered directly; imported objects give way to others.
+        // Documents make specs and parameters that could not be registered directly; imported objects give way.
         const std::string_view message = exception.what();
         const bool isNothingFound = message.rfind("Could not find ", 0) == 0 || message.rfind("Parent ", 0) == 0;
-        require(isSpec || isNothingFound, "a finished object may be registered elsewhere", message);
+        require(isSpec || engine.getAllParameters().count(typeId) != 0 || isNothingFound,
+                "a finished object may be registered elsewhere", message);
         return false;
     }
     // Old and unknown bases of specs give no value type, which no text can say.
@@ -47,10 +47,17 @@ bool hasWrittenForm(const ParametersEngine& engine, const std::string& typeId, P
     return valueType == nullptr || !valueType->empty();
 }
 
-/// Numbers with many digits or a great exponent are not read to the last bit, and so not written the same again.
+/// Numbers with many digits or with an exponent are not read to the last bit, and so not written the same again.
 bool hasInexactNumber(const std::string& text) {
-    static const std::regex inexact("[0-9.]{16}|e-?[0-9]{2}");
-    return std::regex_search(text, inexact);
+    std::size_t digits = 0;
+    for (const char character : text) {
+        const bool isDigit = character == '.' || (character >= '0' && character <= '9');
+        if (digits >= 16 || (digits != 0 && (character == 'e' || character == 'E'))) {
+            return true;
+        }
+        digits = isDigit ? digits + 1 : 0;
+    }
+    return false;
 }
 
 /// Each unit is written in the formats that it is said to have, and read back from each of these texts.
