@@ -6,26 +6,34 @@
 #include <clocale>
 #include <cstdlib>
 #include <locale>
-#include <stdexcept>
 
 namespace Parameters {
 namespace {
 
 using namespace Documents;
 
-/// Runs under the locale that programs start with, and under one with a decimal comma.
+struct DecimalComma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+};
+
+/// Runs under the locale that programs start with, and under one with a decimal comma, for C and for C++.
 class MangledInputTest : public testing::TestWithParam<const char*> {
 protected:
     void SetUp() override {
+        if (GetParam() == std::string("C")) {
+            return;
+        }
         setenv("LOCPATH", PARAMETERS_LOCALES, 1);
-        try {
-            std::locale::global(std::locale(GetParam()));
-        } catch (const std::runtime_error&) {
+        if (std::setlocale(LC_ALL, GetParam()) == nullptr) {
             GTEST_SKIP() << "no locale " << GetParam() << " in " << PARAMETERS_LOCALES;
         }
-        ASSERT_STREQ(std::localeconv()->decimal_point, GetParam() == std::string("C") ? "." : ",");
+        ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+        std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
     }
-    void TearDown() override { std::locale::global(std::locale::classic()); }
+    void TearDown() override {
+        std::setlocale(LC_ALL, "C");
+        std::locale::global(std::locale::classic());
+    }
 };
 
 INSTANTIATE_TEST_SUITE_P(Locales, MangledInputTest, testing::Values("C", "de_DE.UTF-8"),
