@@ -34,6 +34,7 @@ private:
 /// What makes a category a major category: its domain, and the disciplines that it concerns.
 class PARAMETERS_EXPORT MajorCategoryComponent {
 public:
+    /// @param disciplines  kept in this order; may be empty.
     MajorCategoryComponent(const Taxon& domain, const std::vector<Taxon>& disciplines);
     MajorCategoryComponent(const MajorCategoryComponent&) = default;
     MajorCategoryComponent(MajorCategoryComponent&&) noexcept = default;
@@ -58,11 +59,13 @@ private:
 /// unchanged.
 class PARAMETERS_EXPORT Category {
 public:
-    /// Store what they are given and check nothing; registration checks the name and looks the references up.
+    /// @{
+    /// Stores what it is given and checks nothing; registration checks the name and looks the references up.
     Category(const std::string& typeId, const std::string& name, const MajorCategoryComponent& component,
              Units::SchemaFormat schemaFormat);
     Category(const std::string& typeId, const std::string& name, const SubCategoryComponent& component,
              Units::SchemaFormat schemaFormat);
+    /// @}
     Category(const Category&) noexcept = default;
     Category& operator=(const Category&) noexcept = default;
     ~Category();
@@ -71,17 +74,20 @@ public:
     [[nodiscard]] std::string getTypeId() const;
     /// A copy of the display name.
     [[nodiscard]] std::string getName() const;
+    /// Form of the document that it comes from, and of the one written for it.
     [[nodiscard]] Units::SchemaFormat getSchemaFormat() const noexcept;
     /// A copy of the component, if the category is a major one.
     [[nodiscard]] std::optional<MajorCategoryComponent> getMajorCategoryComponent() const;
     /// A copy of the component, if the category is a subcategory.
     [[nodiscard]] std::optional<SubCategoryComponent> getSubCategoryComponent() const;
 
+    /// @{
     /// Comparisons look at the typeid alone, as unsigned bytes.
     [[nodiscard]] bool operator==(const Category& other) const noexcept;
     [[nodiscard]] bool operator!=(const Category& other) const noexcept { return !(*this == other); }
     [[nodiscard]] bool operator<(const Category& other) const noexcept;
     [[nodiscard]] bool operator>(const Category& other) const noexcept { return other < *this; }
+    /// @}
 
 private:
     friend struct Internals;

@@ -32,13 +32,16 @@ public:
     /// A copy of the ids with their numbers: in ascending order of the number if they come from a document, else in the
     /// order given.
     [[nodiscard]] std::vector<std::pair<std::string, std::int64_t>> getValues() const;
+    /// Form of the document that it comes from, and of the one written for it.
     [[nodiscard]] Units::SchemaFormat getSchemaFormat() const noexcept;
 
+    /// @{
     /// Comparisons look at the typeid alone, as unsigned bytes.
     [[nodiscard]] bool operator==(const Enumeration& other) const noexcept;
     [[nodiscard]] bool operator!=(const Enumeration& other) const noexcept { return !(*this == other); }
     [[nodiscard]] bool operator<(const Enumeration& other) const noexcept;
     [[nodiscard]] bool operator>(const Enumeration& other) const noexcept { return other < *this; }
+    /// @}
 
 private:
     friend struct Internals;

@@ -32,17 +32,24 @@ public:
 
     /// A copy of the typeid, the range's identity.
     [[nodiscard]] std::string getTypeId() const;
+    /// Whether there is a least value.
     [[nodiscard]] bool isBoundFromBottom() const noexcept;
+    /// The least value, if the range is bound from below.
     [[nodiscard]] Number getBottomBoundary() const noexcept;
+    /// Whether there is a greatest value.
     [[nodiscard]] bool isBoundFromTop() const noexcept;
+    /// The greatest value, if the range is bound from above.
     [[nodiscard]] Number getTopBoundary() const noexcept;
+    /// Form of the document that it comes from, and of the one written for it.
     [[nodiscard]] Units::SchemaFormat getSchemaFormat() const noexcept;
 
+    /// @{
     /// Comparisons look at the typeid alone, as unsigned bytes: two inline ranges of one format are equal.
     [[nodiscard]] bool operator==(const NumericRange& other) const noexcept;
     [[nodiscard]] bool operator!=(const NumericRange& other) const noexcept { return !(*this == other); }
     [[nodiscard]] bool operator<(const NumericRange& other) const noexcept;
     [[nodiscard]] bool operator>(const NumericRange& other) const noexcept { return other < *this; }
+    /// @}
 
 private:
     friend struct Internals;

@@ -25,6 +25,7 @@ public:
     /// The group is "quovanta.parameter:group-1.0.0", named "Other", of format PropertySets.
     ParameterCore(const std::string& typeId, const std::string& name, const std::string& description,
                   const std::string& sampleText, bool readOnly);
+    /// Stores what it is given and checks nothing. Description and sample text may be empty.
     ParameterCore(const std::string& typeId, const std::string& name, const Taxon& group,
                   const std::string& description, const std::string& sampleText, bool readOnly);
     ParameterCore(const ParameterCore&) = default;
@@ -33,12 +34,15 @@ public:
     ParameterCore& operator=(ParameterCore&&) noexcept = default;
     ~ParameterCore();
 
-    /// All return copies.
+    /// @{
+    /// A copy of what the constructor was given.
     [[nodiscard]] std::string getTypeId() const;
     [[nodiscard]] std::string getName() const;
     [[nodiscard]] std::string getDescription() const;
     [[nodiscard]] std::string getSampleText() const;
     [[nodiscard]] Taxon getGroup() const;
+    /// @}
+    /// Whether values cannot be changed.
     [[nodiscard]] bool isReadOnly() const noexcept;
 
 private:
@@ -73,18 +77,24 @@ public:
     [[nodiscard]] const std::string& getDescription() const noexcept;
     /// May be empty.
     [[nodiscard]] const std::string& getSampleText() const noexcept;
+    /// The group that the parameter is filed in.
     [[nodiscard]] const Taxon& getGroup() const noexcept;
+    /// What a value is.
     [[nodiscard]] const Spec& getSpec() const noexcept;
+    /// Which values are allowed.
     [[nodiscard]] const ParameterRange& getRange() const noexcept;
+    /// Whether values cannot be changed.
     [[nodiscard]] bool isReadOnly() const noexcept;
     /// The format of the spec: a parameter has none of its own.
     [[nodiscard]] Units::SchemaFormat getSchemaFormat() const noexcept;
 
+    /// @{
     /// Comparisons look at the typeid alone, as unsigned bytes.
     [[nodiscard]] bool operator==(const Parameter& other) const noexcept;
     [[nodiscard]] bool operator!=(const Parameter& other) const noexcept { return !(*this == other); }
     [[nodiscard]] bool operator<(const Parameter& other) const noexcept;
     [[nodiscard]] bool operator>(const Parameter& other) const noexcept { return other < *this; }
+    /// @}
 
 private:
     friend struct Internals;

@@ -20,6 +20,7 @@
 #include <string>
 #include <utility>
 
+/// The registry of parameter definitions, and the values that it hands out.
 namespace Parameters {
 
 struct EngineImpl;
@@ -35,23 +36,20 @@ struct EngineImpl;
 /// it. Distinct engines are independent and share nothing. An engine that has been moved from may only be destroyed or
 /// assigned to.
 ///
-/// @code
-/// Parameters::ParametersEngine engine;
-/// engine.registerSchema(R"({"typeid":"acme.building:hvac-1.0.0","inherits":["quovanta.spec:discipline-1.0.0"],
-///                           "constants":[{"id":"name","value":"HVAC"}]})");
-/// engine.resolveSchemas();
-/// std::string name = engine.getDiscipline("acme.building:hvac-1.0.0").getName();
-/// @endcode
+/// A whole host program, examples/quickstart/main.cpp:
+/// @include quickstart/main.cpp
 class PARAMETERS_EXPORT ParametersEngine {
 public:
     /// An engine that knows the built-in typeids and nothing else.
     ParametersEngine();
     /// A deep copy, with everything pending, imported and in the units engine.
     ParametersEngine(const ParametersEngine& other);
+    /// Takes everything over; the other engine may then only be destroyed or assigned to.
     ParametersEngine(ParametersEngine&& other) noexcept;
     /// As the copy constructor; this engine is unchanged if the copy fails. References that getUnitsEngine() gave stay
     /// valid.
     ParametersEngine& operator=(const ParametersEngine& other);
+    /// As the move constructor.
     ParametersEngine& operator=(ParametersEngine&& other) noexcept;
     ~ParametersEngine();
 
@@ -109,6 +107,8 @@ public:
     /// empty.", "Schema with typeid {typeid} is already registered.", and what each of them says.
     /// @{
 
+    /// Adds a category.
+    ///
     /// What is stored holds the registered domain and disciplines under the typeids given.
     ///
     /// @throws ValidationException  "Name must not be empty."; for a major category "Could not find domain with typeid
@@ -116,19 +116,29 @@ public:
     ///         with typeid {typeid}" (these three without a full stop), "Parent {typeid} of subcategory {typeid} is not
     ///         a major category."
     void registerCategory(const Category& category);
+    /// Adds a discipline.
+    ///
     /// @throws ValidationException  "Name must not be empty."
     void registerDiscipline(const Taxon& discipline);
+    /// Adds a domain.
+    ///
     /// @throws ValidationException  "Name must not be empty."
     void registerDomain(const Taxon& domain);
+    /// Adds an enumeration.
+    ///
     /// @throws ValidationException  "Enumeration must specify at least one value.", "ID of value in enumeration must
     ///         not be empty.", "Value {id} must appear only once."
     void registerEnumeration(const Enumeration& enumeration);
-    /// Takes any range.
+    /// Adds a float range, whatever its boundaries.
     void registerFloatRange(const FloatRange& range);
+    /// Adds a group.
+    ///
     /// @throws ValidationException  "Name must not be empty."
     void registerGroup(const Taxon& group);
-    /// Takes any range.
+    /// Adds an int range, whatever its boundaries.
     void registerIntRange(const IntRange& range);
+    /// Adds a parameter.
+    ///
     /// What is stored holds the registered group, spec and range under the typeids given. The default group, the legacy
     /// base specs of Defaults and ranges of a static base need not be registered.
     ///
@@ -140,6 +150,8 @@ public:
     ///         range must use a legacy general spec."; "Parameter with a legacy general spec must use an enumeration
     ///         range."
     void registerParameter(const Parameter& parameter);
+    /// Adds a spec.
+    ///
     /// What is stored holds the registered discipline and units under the typeids given. The default discipline need
     /// not be registered.
     ///
@@ -150,6 +162,8 @@ public:
     ///         measurable value type must include units of measurement."; "Could not find unit with typeid {typeid}.";
     ///         "Spec with units of measurement must have floating-point value type."
     void registerSpec(const Spec& spec);
+    /// Adds a string range.
+    ///
     /// @throws ValidationException  "Value {value} must appear only once."
     void registerStringRange(const StringRange& range);
 
@@ -161,32 +175,55 @@ public:
     /// UnrecognizedIdentifierException "Could not find {kind} with typeid {typeid}."
     /// @{
 
+    /// All finished categories.
     [[nodiscard]] std::map<std::string, Category> getAllCategories() const;
+    /// All finished disciplines, without the default one.
     [[nodiscard]] std::map<std::string, Taxon> getAllDisciplines() const;
+    /// All finished domains.
     [[nodiscard]] std::map<std::string, Taxon> getAllDomains() const;
+    /// All finished enumerations.
     [[nodiscard]] std::map<std::string, Enumeration> getAllEnumerations() const;
+    /// All finished float ranges.
     [[nodiscard]] std::map<std::string, FloatRange> getAllFloatRanges() const;
+    /// All finished groups, without the default one.
     [[nodiscard]] std::map<std::string, Taxon> getAllGroups() const;
+    /// All finished int ranges.
     [[nodiscard]] std::map<std::string, IntRange> getAllIntRanges() const;
+    /// All finished parameters.
     [[nodiscard]] std::map<std::string, Parameter> getAllParameters() const;
+    /// All finished specs, without the legacy base specs.
     [[nodiscard]] std::map<std::string, Spec> getAllSpecs() const;
+    /// All finished string ranges.
     [[nodiscard]] std::map<std::string, StringRange> getAllStringRanges() const;
 
+    /// A finished category.
     [[nodiscard]] Category getCategory(const std::string& typeId) const;
+    /// A finished discipline.
+    ///
     /// A typeid that contains "quovanta.spec:discipline-" gives a default discipline named "Common" under that typeid,
     /// whatever is registered; it does not stand in getAllDisciplines().
     [[nodiscard]] Taxon getDiscipline(const std::string& typeId) const;
+    /// A finished domain.
     [[nodiscard]] Taxon getDomain(const std::string& typeId) const;
+    /// A finished enumeration.
     [[nodiscard]] Enumeration getEnumeration(const std::string& typeId) const;
+    /// A finished float range.
     [[nodiscard]] FloatRange getFloatRange(const std::string& typeId) const;
+    /// A finished group.
+    ///
     /// A typeid that contains "quovanta.parameter:group-" gives a default group named "Other" under that typeid,
     /// whatever is registered; it does not stand in getAllGroups().
     [[nodiscard]] Taxon getGroup(const std::string& typeId) const;
+    /// A finished int range.
     [[nodiscard]] IntRange getIntRange(const std::string& typeId) const;
+    /// A finished parameter, with copies of its group, spec and range.
     [[nodiscard]] Parameter getParameter(const std::string& typeId) const;
+    /// A finished spec.
+    ///
     /// "quovanta.spec:spec.bool-1.0.0", "quovanta.spec:spec.int64-2.0.0", "quovanta.spec:spec.reference-1.0.0" and
     /// "quovanta.spec:spec.string-2.0.0" give the legacy base specs of Defaults; they do not stand in getAllSpecs().
     [[nodiscard]] Spec getSpec(const std::string& typeId) const;
+    /// A finished string range.
     [[nodiscard]] StringRange getStringRange(const std::string& typeId) const;
 
     /// Whether the typeid is built in, finished, pending, imported, or known to the units engine.
@@ -195,6 +232,7 @@ public:
     /// The embedded units engine; lives until this engine is destroyed, moved from or moved to. What is done through it
     /// takes effect at once.
     [[nodiscard]] Units::UnitsEngine& getUnitsEngine();
+    /// The same of an engine that is only read.
     [[nodiscard]] const Units::UnitsEngine& getUnitsEngine() const;
 
     /// Typeids that a finished item of this library or of the units library depends on, for items of this library

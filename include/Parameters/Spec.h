@@ -37,6 +37,7 @@ enum class Context : std::int32_t {
 /// A value type that accepts anything derived from one base.
 class PARAMETERS_EXPORT AnyOf {
 public:
+    /// @param baseTypeId  any typeid: it need not be known to an engine.
     explicit AnyOf(const std::string& baseTypeId);
     AnyOf(const AnyOf&) = default;
     AnyOf(AnyOf&&) noexcept = default;
@@ -54,6 +55,7 @@ private:
 /// A value type that accepts one of a list of types.
 class PARAMETERS_EXPORT OneOf {
 public:
+    /// @param typeIds  any typeids, kept in this order; registration refuses an empty list.
     explicit OneOf(const std::vector<std::string>& typeIds);
     OneOf(const OneOf&) = default;
     OneOf(OneOf&&) noexcept = default;
@@ -84,8 +86,9 @@ public:
     Measurable& operator=(Measurable&&) noexcept = default;
     ~Measurable();
 
-    /// Both live as long as this object is unchanged.
+    /// The units in which a value may be given, in their order; live as long as this object is unchanged.
     [[nodiscard]] const std::vector<Units::Unit>& getApplicableUnits() const noexcept;
+    /// The unit in which a value is stored; lives as long as this object is unchanged.
     [[nodiscard]] const Units::Unit& getStorageUnit() const noexcept;
 
 private:
@@ -98,6 +101,7 @@ class PARAMETERS_EXPORT SpecCore {
 public:
     /// The discipline is "quovanta.spec:discipline-1.0.0", named "Common", of format PropertySets.
     SpecCore(const std::string& typeId, const std::string& name);
+    /// Stores what it is given and checks nothing.
     SpecCore(const std::string& typeId, const std::string& name, const Taxon& discipline);
     SpecCore(const SpecCore&) = default;
     SpecCore(SpecCore&&) noexcept = default;
@@ -105,10 +109,12 @@ public:
     SpecCore& operator=(SpecCore&&) noexcept = default;
     ~SpecCore();
 
-    /// All return copies.
+    /// @{
+    /// A copy of what the constructor was given.
     [[nodiscard]] std::string getTypeId() const;
     [[nodiscard]] std::string getName() const;
     [[nodiscard]] Taxon getDiscipline() const;
+    /// @}
 
 private:
     std::string typeId_;
@@ -126,6 +132,7 @@ public:
     /// Stores what it is given and checks nothing; see ParametersEngine::registerSpec(). The context is Single.
     Spec(const std::string& typeId, const std::string& name, const ValueTypeId& valueTypeId,
          const std::optional<Measurable>& measurable, Units::SchemaFormat schemaFormat, const Taxon& discipline);
+    /// The same with a context.
     Spec(const std::string& typeId, const std::string& name, const ValueTypeId& valueTypeId,
          const std::optional<Measurable>& measurable, Units::SchemaFormat schemaFormat, const Taxon& discipline,
          Context context);
@@ -137,17 +144,24 @@ public:
     [[nodiscard]] const std::string& getTypeId() const noexcept;
     /// The display name.
     [[nodiscard]] const std::string& getName() const noexcept;
+    /// What a value is.
     [[nodiscard]] const ValueTypeId& getValueTypeId() const noexcept;
+    /// The units, if values have any.
     [[nodiscard]] const std::optional<Measurable>& getMeasurable() const noexcept;
+    /// The discipline that the spec is filed in.
     [[nodiscard]] const Taxon& getDiscipline() const noexcept;
+    /// Form of the document that it comes from, and of the one written for it.
     [[nodiscard]] Units::SchemaFormat getSchemaFormat() const noexcept;
+    /// Whether a value stands alone, in an array or in a map.
     [[nodiscard]] Context getContext() const noexcept;
 
+    /// @{
     /// Comparisons look at the typeid alone, as unsigned bytes.
     [[nodiscard]] bool operator==(const Spec& other) const noexcept;
     [[nodiscard]] bool operator!=(const Spec& other) const noexcept { return !(*this == other); }
     [[nodiscard]] bool operator<(const Spec& other) const noexcept;
     [[nodiscard]] bool operator>(const Spec& other) const noexcept { return other < *this; }
+    /// @}
 
 private:
     friend struct Internals;

@@ -14,6 +14,7 @@ namespace Parameters {
 /// Limits strings to those that match a regular expression. The library hands the expression out and never applies it.
 class PARAMETERS_EXPORT RegexStringRangeComponent {
 public:
+    /// Stores the expression as given: it is not checked, and may be empty.
     explicit RegexStringRangeComponent(const std::string& regex);
     ~RegexStringRangeComponent();
     RegexStringRangeComponent(const RegexStringRangeComponent&) = default;
@@ -34,6 +35,7 @@ class PARAMETERS_EXPORT SetStringRangeComponent {
 public:
     /// Stores the values as given; registration refuses repeated ones.
     explicit SetStringRangeComponent(const std::vector<std::string>& allowedValues);
+    /// An empty set.
     SetStringRangeComponent();
     ~SetStringRangeComponent();
     SetStringRangeComponent(const SetStringRangeComponent&) = default;
@@ -57,31 +59,38 @@ class PARAMETERS_EXPORT StringRange {
 public:
     /// The default string range, which limits nothing: typeid "quovanta.range:range.string-1.0.0", format PropertySets.
     StringRange();
-    /// Inline ranges: the typeid is the static base of the component's family, in version 2.0.0 for LumarDataSchema and
-    /// 1.0.0 otherwise.
+    /// @{
+    /// An inline range: the typeid is the static base of the component's family, in version 2.0.0 for
+    /// LumarDataSchema and 1.0.0 otherwise.
     StringRange(const RegexStringRangeComponent& component, Units::SchemaFormat schemaFormat);
     StringRange(const SetStringRangeComponent& component, Units::SchemaFormat schemaFormat);
-    /// Ranges with a typeid of their own.
+    /// @}
+    /// @{
+    /// A range with a typeid of its own.
     StringRange(const std::string& typeId, const RegexStringRangeComponent& component,
                 Units::SchemaFormat schemaFormat);
     StringRange(const std::string& typeId, const SetStringRangeComponent& component, Units::SchemaFormat schemaFormat);
+    /// @}
     StringRange(const StringRange&) noexcept = default;
     StringRange& operator=(const StringRange&) noexcept = default;
     ~StringRange();
 
     /// A copy of the typeid, the range's identity.
     [[nodiscard]] std::string getTypeId() const;
+    /// Form of the document that it comes from, and of the one written for it.
     [[nodiscard]] Units::SchemaFormat getSchemaFormat() const noexcept;
     /// A copy of the component, if the range is one of a regular expression.
     [[nodiscard]] std::optional<RegexStringRangeComponent> getRegexStringRangeComponent() const;
     /// A copy of the component, if the range is one of a set.
     [[nodiscard]] std::optional<SetStringRangeComponent> getSetStringRangeComponent() const;
 
+    /// @{
     /// Comparisons look at the typeid alone, as unsigned bytes.
     [[nodiscard]] bool operator==(const StringRange& other) const noexcept;
     [[nodiscard]] bool operator!=(const StringRange& other) const noexcept { return !(*this == other); }
     [[nodiscard]] bool operator<(const StringRange& other) const noexcept;
     [[nodiscard]] bool operator>(const StringRange& other) const noexcept { return other < *this; }
+    /// @}
 
 private:
     friend struct Internals;

@@ -28,13 +28,16 @@ public:
     [[nodiscard]] std::string getTypeId() const;
     /// A copy of the display name.
     [[nodiscard]] std::string getName() const;
+    /// Form of the document that it comes from, and of the one written for it.
     [[nodiscard]] Units::SchemaFormat getSchemaFormat() const noexcept;
 
+    /// @{
     /// Comparisons look at the typeid alone, as unsigned bytes.
     [[nodiscard]] bool operator==(const Taxon& other) const noexcept;
     [[nodiscard]] bool operator!=(const Taxon& other) const noexcept { return !(*this == other); }
     [[nodiscard]] bool operator<(const Taxon& other) const noexcept;
     [[nodiscard]] bool operator>(const Taxon& other) const noexcept { return other < *this; }
+    /// @}
 
 private:
     friend struct Internals;

@@ -10,6 +10,7 @@
 #include <string>
 #include <utility>
 
+/// The registry of units of measurement.
 namespace Units {
 
 /// Registry of units of measurement and their dimensions.
@@ -20,10 +21,13 @@ namespace Units {
 class UNITS_EXPORT UnitsEngine {
 public:
     UnitsEngine();
-    /// Deep copies: pending items come along, and nothing is shared afterwards.
+    /// A deep copy: pending items come along, and nothing is shared afterwards.
     UnitsEngine(const UnitsEngine& other);
+    /// Takes everything over; the other engine may then only be destroyed or assigned to.
     UnitsEngine(UnitsEngine&& other) noexcept;
+    /// As the copy constructor; this engine is unchanged if the copy fails.
     UnitsEngine& operator=(const UnitsEngine& other);
+    /// As the move constructor.
     UnitsEngine& operator=(UnitsEngine&& other) noexcept;
     ~UnitsEngine();
 
