@@ -1,0 +1,36 @@
+# Fails if a document lacks a message of the sources, or a part of one between two placeholders.
+# cmake -DDOCUMENT=... -DSOURCE_DIR=... -P CheckMessages.cmake
+
+# Quotation marks are taken for another character, and what makes lists of CMake for a blank.
+function(simplify variable text)
+    string(REPLACE "\\" "" text "${text}")
+    string(REGEX REPLACE "[][;]" " " text "${text}")
+    set(${variable} "${text}" PARENT_SCOPE)
+endfunction()
+
+file(READ ${DOCUMENT} document)
+string(REPLACE "\"" "@" document "${document}")
+simplify(document "${document}")
+file(GLOB_RECURSE files ${SOURCE_DIR}/src/*.h ${SOURCE_DIR}/src/*.cpp ${SOURCE_DIR}/units/src/*.cpp)
+set(missing "")
+set(total 0)
+foreach(file IN LISTS files)
+    file(READ ${file} code)
+    string(REGEX REPLACE "\n *//[^\n]*" "" code "${code}")
+    string(REGEX REPLACE "\"\n *\"" "" code "${code}")
+    string(REPLACE "\\\"" "@" code "${code}")
+    simplify(code "${code}")
+    # Messages are words with an upper-case letter in front, and their parts begin with a blank.
+    string(REGEX MATCHALL "\"[A-Z @][^\"\n]* [^\"\n]*\"" messages "${code}")
+    foreach(message IN LISTS messages)
+        string(REPLACE "\"" "" message "${message}")
+        string(FIND "${document}" "${message}" position)
+        if(position EQUAL -1)
+            string(APPEND missing "\n  ${message}")
+        endif()
+        math(EXPR total "${total} + 1")
+    endforeach()
+endforeach()
+if(missing OR total EQUAL 0)
+    message(FATAL_ERROR "Of ${total} messages ${DOCUMENT} lacks:${missing}")
+endif()
