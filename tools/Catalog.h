@@ -19,7 +19,7 @@ enum class DocumentState {
     Registered,
     /// It has a fault that shows only beside other documents.
     Faulty,
-    /// It refers to a document with a fault, so that nothing more can be said about it.
+    /// It has no fault that shows, but refers to a document that is faulty or blocked.
     Blocked,
     Finished,
 };
@@ -50,7 +50,7 @@ struct Catalog {
     std::map<std::string, std::size_t> positions;
     /// Those of texts, then those of references, then those that only resolution finds.
     std::vector<Fault> faults;
-    /// For each blocked document a reference that blocks it.
+    /// For each blocked document a reference that blocks it, in the order of the documents.
     std::vector<Fault> blockades;
     /// Paths that could not be read, a message each.
     std::vector<std::string> unreadable;

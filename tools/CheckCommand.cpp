@@ -33,7 +33,7 @@ void printSummary(const Catalog& catalog) {
     fmt::print("{}, {}{}.\n", counted(catalog.documents.size(), "document"),
                faulty.empty() ? "no faults"
                               : fmt::format("{} in {} of them", counted(catalog.faults.size(), "fault"), faulty.size()),
-               catalog.blockades.empty() ? "" : fmt::format("; {} not checked further", catalog.blockades.size()));
+               catalog.blockades.empty() ? "" : fmt::format("; {} more cannot be loaded", catalog.blockades.size()));
 }
 
 Status check(const std::vector<std::string>& paths) {

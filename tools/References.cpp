@@ -7,7 +7,8 @@
 
 #include <algorithm>
 #include <map>
-#include <utility>
+#include <set>
+#include <string>
 
 namespace Tool {
 
@@ -15,90 +16,80 @@ namespace {
 
 using Positions = std::vector<std::size_t>;
 
-/// Takes documents whose references have all been taken before, until only rings of references are left.
-class Ordering {
+/// Strongly connected components of the documents and their references, by Tarjan's algorithm, with a stack of its own
+/// because references may go deep. A component comes behind those that it refers to.
+class Components {
 public:
-    explicit Ordering(const Catalog& catalog)
-        : catalog_(catalog), referrers_(referrersOf(catalog)), waitingFor_(catalog.documents.size()),
-          isTaken_(catalog.documents.size()) {
-        for (const Positions& referrers : referrers_) {
-            for (const std::size_t referrer : referrers) {
-                ++waitingFor_[referrer];
-            }
-        }
+    explicit Components(const Catalog& catalog) : catalog_(catalog), visits_(catalog.documents.size()) {
         for (std::size_t position = 0; position < catalog.documents.size(); ++position) {
-            if (catalog.documents[position].state == DocumentState::Refused) {
-                isTaken_[position] = true;
-            } else if (waitingFor_[position] == 0) {
-                take(position);
+            if (catalog.documents[position].state != DocumentState::Refused && visits_[position].number == 0) {
+                visitFrom(position);
             }
         }
-        takeFollowers();
     }
 
-    [[nodiscard]] const Positions& order() const { return order_; }
-
-    /// The ring behind the first document that has not been taken; empty if all have been.
-    [[nodiscard]] Positions nextRing() {
-        while (next_ < isTaken_.size() && isTaken_[next_]) {
-            ++next_;
-        }
-        if (next_ == isTaken_.size()) {
-            return {};
-        }
-        Positions path;
-        std::map<std::size_t, std::size_t> steps;
-        std::size_t position = next_;
-        // A document that has not been taken refers to another such one, so this ends where it has been before.
-        while (steps.emplace(position, path.size()).second) {
-            path.push_back(position);
-            position = openReferenceOf(position);
-        }
-        path.erase(path.begin(), path.begin() + static_cast<std::ptrdiff_t>(steps.at(position)));
-        return path;
-    }
-
-    void takeRing(const Positions& ring) {
-        for (const std::size_t position : ring) {
-            take(position);
-        }
-        takeFollowers();
-    }
+    [[nodiscard]] const std::vector<Positions>& all() const { return components_; }
 
 private:
-    void take(std::size_t position) {
-        isTaken_[position] = true;
-        order_.push_back(position);
-    }
+    struct Visit {
+        /// In the order of the visits, from 1 on; 0 before.
+        std::size_t number = 0;
+        /// Smallest number known to be reached within the component.
+        std::size_t lowest = 0;
+        bool isInComponent = false;
+        std::set<std::string>::const_iterator nextReference;
+    };
 
-    void takeFollowers() {
-        for (; followed_ < order_.size(); ++followed_) {
-            for (const std::size_t referrer : referrers_[order_[followed_]]) {
-                if (--waitingFor_[referrer] == 0 && !isTaken_[referrer]) {
-                    take(referrer);
+    void visitFrom(std::size_t start) {
+        Positions path;
+        const auto enter = [&](std::size_t position) {
+            ++count_;
+            visits_[position] = {count_, count_, false, catalog_.documents[position].references.begin()};
+            path.push_back(position);
+            open_.push_back(position);
+        };
+        enter(start);
+        while (!path.empty()) {
+            const std::size_t position = path.back();
+            Visit& visit = visits_[position];
+            if (visit.nextReference != catalog_.documents[position].references.end()) {
+                const auto target = catalog_.positions.find(*visit.nextReference++);
+                if (target == catalog_.positions.end()) {
+                    continue;
                 }
+                const Visit& next = visits_[target->second];
+                if (next.number == 0) {
+                    enter(target->second);
+                } else if (!next.isInComponent) {
+                    visit.lowest = std::min(visit.lowest, next.number);
+                }
+                continue;
+            }
+            path.pop_back();
+            if (visit.lowest == visit.number) {
+                closeComponent(position);
+            } else {
+                Visit& referrer = visits_[path.back()];
+                referrer.lowest = std::min(referrer.lowest, visit.lowest);
             }
         }
     }
 
-    [[nodiscard]] std::size_t openReferenceOf(std::size_t position) const {
-        const Document& document = catalog_.documents[position];
-        const auto reference =
-            std::find_if(document.references.begin(), document.references.end(), [&](const std::string& typeId) {
-                const auto entry = catalog_.positions.find(typeId);
-                return entry != catalog_.positions.end() && entry->second != position && !isTaken_[entry->second];
-            });
-        return catalog_.positions.at(*reference);
+    /// All that has been entered since its first document, and is in no component yet.
+    void closeComponent(std::size_t first) {
+        const auto begin = std::find(open_.rbegin(), open_.rend(), first).base() - 1;
+        components_.emplace_back(begin, open_.end());
+        open_.erase(begin, open_.end());
+        for (const std::size_t position : components_.back()) {
+            visits_[position].isInComponent = true;
+        }
     }
 
     const Catalog& catalog_;
-    std::vector<Positions> referrers_;
-    std::vector<std::size_t> waitingFor_;
-    std::vector<bool> isTaken_;
-    Positions order_;
-    /// How many of those taken have been followed to their referrers.
-    std::size_t followed_ = 0;
-    std::size_t next_ = 0;
+    std::vector<Visit> visits_;
+    std::size_t count_ = 0;
+    Positions open_;
+    std::vector<Positions> components_;
 };
 
 std::string missingMessage(const std::string& typeId, const std::map<std::string, const Document*>& refused) {
@@ -139,30 +130,21 @@ void reportMissingReferences(Catalog& catalog) {
     }
 }
 
-std::vector<Positions> referrersOf(const Catalog& catalog) {
-    std::vector<Positions> referrers(catalog.documents.size());
-    for (const auto& [typeId, position] : catalog.positions) {
-        for (const std::string& reference : catalog.documents[position].references) {
-            const auto entry = catalog.positions.find(reference);
-            if (entry != catalog.positions.end() && entry->second != position) {
-                referrers[entry->second].push_back(position);
-            }
-        }
-    }
-    return referrers;
-}
-
 Positions inOrderOfReferences(Catalog& catalog) {
-    Ordering ordering(catalog);
-    for (Positions ring = ordering.nextRing(); !ring.empty(); ring = ordering.nextRing()) {
-        const std::string message = fmt::format("Is in a ring of references: {}.", wordsFor(catalog, ring));
-        for (const std::size_t position : ring) {
+    Positions order;
+    const Components components(catalog);
+    for (const Positions& component : components.all()) {
+        order.insert(order.end(), component.begin(), component.end());
+        if (component.size() == 1) {
+            continue;
+        }
+        const std::string message = fmt::format("Is in a ring of references: {}.", wordsFor(catalog, component));
+        for (const std::size_t position : component) {
             catalog.documents[position].state = DocumentState::Faulty;
             catalog.faults.push_back({position, message});
         }
-        ordering.takeRing(ring);
     }
-    return ordering.order();
+    return order;
 }
 
 } // namespace Tool

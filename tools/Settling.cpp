@@ -1,8 +1,8 @@
 #include "Settling.h"
 
+#include "FurtherFaults.h"
 #include "Progress.h"
 #include "References.h"
-#include "Text.h"
 
 #include <fmt/core.h>
 
@@ -17,6 +17,17 @@ namespace {
 
 /// Documents, each behind those that it refers to.
 using Batch = std::vector<std::size_t>;
+
+/// A reference of a document to one with a fault or to a blocked one; null for none.
+const std::string* blockingReferenceOf(const Document& document, const Catalog& catalog) {
+    for (const std::string& typeId : document.references) {
+        const DocumentState state = catalog.documents[catalog.positions.at(typeId)].state;
+        if (state == DocumentState::Faulty || state == DocumentState::Blocked) {
+            return &typeId;
+        }
+    }
+    return nullptr;
+}
 
 /// A failed resolution drops its whole batch and tells one fault. So a batch that fails is resolved in two halves, each
 /// again in halves, down to the documents at fault. A half is complete, because it stands in the order of references
@@ -51,26 +62,14 @@ private:
             Document& document = catalog_.documents[position];
             if (document.state != DocumentState::Registered) {
                 progress_.advance();
-            } else if (const std::string* typeId = blockingReferenceOf(document)) {
+            } else if (blockingReferenceOf(document, catalog_) != nullptr) {
                 document.state = DocumentState::Blocked;
-                catalog_.blockades.push_back(
-                    {position, fmt::format("Not checked further: {}, to which it refers, has a fault.", *typeId)});
                 progress_.advance();
             } else {
                 result.push_back(position);
             }
         }
         return result;
-    }
-
-    [[nodiscard]] const std::string* blockingReferenceOf(const Document& document) const {
-        for (const std::string& typeId : document.references) {
-            const DocumentState state = catalog_.documents[catalog_.positions.at(typeId)].state;
-            if (state == DocumentState::Faulty || state == DocumentState::Blocked) {
-                return &typeId;
-            }
-        }
-        return nullptr;
     }
 
     /// @return the first fault; empty if all are finished.
@@ -103,8 +102,15 @@ private:
     Progress progress_;
 };
 
-void sortByDocument(std::vector<Fault>::iterator begin, std::vector<Fault>::iterator end) {
-    std::stable_sort(begin, end, [](const Fault& left, const Fault& right) { return left.document < right.document; });
+void reportBlockades(Catalog& catalog) {
+    for (std::size_t position = 0; position < catalog.documents.size(); ++position) {
+        const Document& document = catalog.documents[position];
+        if (document.state == DocumentState::Blocked) {
+            catalog.blockades.push_back(
+                {position, fmt::format("Has no fault by itself, but refers to {}, which cannot be loaded.",
+                                       *blockingReferenceOf(document, catalog))});
+        }
+    }
 }
 
 } // namespace
@@ -122,8 +128,10 @@ void settle(Catalog& catalog) {
     settlement.settle(units);
     settlement.settle(others);
 
-    sortByDocument(catalog.faults.begin() + before, catalog.faults.end());
-    sortByDocument(catalog.blockades.begin(), catalog.blockades.end());
+    reportFurtherFaults(catalog);
+    std::stable_sort(catalog.faults.begin() + before, catalog.faults.end(),
+                     [](const Fault& left, const Fault& right) { return left.document < right.document; });
+    reportBlockades(catalog);
 }
 
 } // namespace Tool
