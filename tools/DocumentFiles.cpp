@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <set>
 #include <streambuf>
 #include <string_view>
 #include <system_error>
@@ -25,9 +26,11 @@ namespace {
 constexpr std::size_t largestDocument = std::size_t{64} << 20U;
 constexpr std::string_view blanks = " \t\r\n";
 
-bool hasLinesOfDocuments(const fs::path& file) { return file.extension() == ".jsonl"; }
+std::string extensionOf(const fs::path& file) { return lowerCase(file.extension().string()); }
 
-bool isDocumentFile(const fs::path& file) { return file.extension() == ".json" || hasLinesOfDocuments(file); }
+bool hasLinesOfDocuments(const fs::path& file) { return extensionOf(file) == ".jsonl"; }
+
+bool isDocumentFile(const fs::path& file) { return extensionOf(file) == ".json" || hasLinesOfDocuments(file); }
 
 /// What speaks against a text, before anybody reads it as JSON; empty for nothing.
 std::string faultOf(std::string_view text) {
@@ -59,6 +62,7 @@ public:
         const fs::file_status status = fs::status(path, error);
         if (fs::is_directory(status)) {
             const std::size_t before = files_.size() + unreadable_.size();
+            searched_.clear();
             addFolder(path);
             if (files_.size() + unreadable_.size() == before) {
                 refuse(path, "holds no .json or .jsonl files");
@@ -79,6 +83,9 @@ private:
 
     void addFolder(const fs::path& folder) {
         std::error_code error;
+        if (!searched_.insert(fs::canonical(folder, error)).second) {
+            return;
+        }
         std::vector<fs::path> entries;
         for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
             entries.push_back(entry->path());
@@ -89,7 +96,7 @@ private:
         std::sort(entries.begin(), entries.end());
         for (const fs::path& entry : entries) {
             std::error_code ignored;
-            if (fs::is_directory(fs::symlink_status(entry, ignored))) {
+            if (fs::is_directory(fs::status(entry, ignored))) {
                 addFolder(entry);
             } else if (isDocumentFile(entry)) {
                 addFile(entry);
@@ -112,6 +119,8 @@ private:
 
     std::vector<std::string>& unreadable_;
     std::vector<fs::path> files_;
+    /// Folders behind the path at hand, without links: these may lead to a folder twice, or back to where they stand.
+    std::set<fs::path> searched_;
 };
 
 /// Reads a line, or the whole rest if there is no end of lines, and of what is too large only enough to tell.

@@ -23,13 +23,14 @@ struct GraphOptions {
     std::string typeId;
     std::string file;
     std::size_t depth = anyDistance;
+    bool hasTypeId = false;
     bool isReverse = false;
     bool overwrite = false;
 };
 
 std::map<std::string, std::size_t> documentsToShow(const Catalog& catalog, const Links& references,
                                                    const GraphOptions& options) {
-    if (!options.typeId.empty()) {
+    if (options.hasTypeId) {
         positionOf(catalog, options.typeId);
         return reachableFrom(options.isReverse ? linksToReferrers(catalog) : references, options.typeId, options.depth);
     }
@@ -67,6 +68,11 @@ std::string faultOfFileName(const std::string& file) {
     return extension == ".dot" || extension == ".svg" ? "" : "Name must end with .dot or .svg";
 }
 
+std::string faultOfDepth(const std::string& depth) {
+    const bool isNumber = !depth.empty() && depth.find_first_not_of("0123456789") == std::string::npos;
+    return isNumber ? "" : "Must be a whole number from 0 on";
+}
+
 } // namespace
 
 void addGraph(CLI::App& app, Status& status) {
@@ -77,7 +83,7 @@ void addGraph(CLI::App& app, Status& status) {
     command->add_flag("--reverse", options->isReverse, "Only the document and what refers to it")->needs(typeId);
     command->add_option("--depth", options->depth, "Only so many references away from the document")
         ->type_name("NUMBER")
-        ->check(CLI::NonNegativeNumber)
+        ->check(CLI::Validator(faultOfDepth, ""))
         ->needs(typeId);
     command
         ->add_option(
@@ -87,7 +93,10 @@ void addGraph(CLI::App& app, Status& status) {
         ->type_name("FILE")
         ->check(CLI::Validator(faultOfFileName, ""));
     addForce(*command, options->overwrite);
-    command->callback([options, &status] { status = graph(*options); });
+    command->callback([options, typeId, &status] {
+        options->hasTypeId = typeId->count() != 0;
+        status = graph(*options);
+    });
 }
 
 } // namespace Tool

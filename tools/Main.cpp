@@ -44,7 +44,10 @@ int main(int argc, char** argv) {
     try {
         status = run(argc, argv);
     } catch (const std::exception& exception) {
-        Tool::printError(exception.what());
+        // What standard output refuses is told below.
+        if (std::ferror(stdout) == 0) {
+            Tool::printError(exception.what());
+        }
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         Tool::printError("Standard output cannot be written.");

@@ -36,14 +36,6 @@ std::string stemOf(std::string_view typeId) {
     return stem;
 }
 
-/// Some file systems take names that differ only in case for one.
-std::string lowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](char character) {
-        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-    });
-    return text;
-}
-
 [[noreturn]] void raiseFileError(const fs::path& file) {
     const int error = errno;
     throw std::runtime_error(
@@ -76,6 +68,7 @@ OutputFolder::OutputFolder(fs::path folder, bool overwrite) : folder_(std::move(
 void OutputFolder::add(const std::string& typeId, std::string text) {
     const std::string stem = stemOf(typeId);
     std::string name = stem;
+    // Some file systems take names that differ only in case for one.
     for (int number = 2; !usedNames_.insert(lowerCase(name)).second; ++number) {
         name = fmt::format("{}_{}", stem, number);
     }

@@ -8,12 +8,20 @@
 
 namespace Tool {
 
+namespace {
+
+/// A cell that is wider moves the rest of its own row, and of no other.
+constexpr std::size_t widestColumn = 80;
+
+} // namespace
+
 void printTable(const std::vector<Row>& rows) {
     std::vector<std::size_t> widths;
     for (const Row& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
         for (std::size_t column = 0; column < row.size(); ++column) {
-            widths[column] = std::max(widths[column], widthOf(row[column]));
+            const std::size_t width = widthOf(row[column]);
+            widths[column] = std::max(widths[column], width <= widestColumn ? width : 0);
         }
     }
     for (const Row& row : rows) {
@@ -21,11 +29,12 @@ void printTable(const std::vector<Row>& rows) {
         // Blanks go in front of a cell, so that no line ends with them.
         std::size_t blanks = 0;
         for (std::size_t column = 0; column < row.size(); ++column) {
-            if (!row[column].empty()) {
+            const std::size_t width = widthOf(row[column]);
+            if (width != 0) {
                 line += std::string(blanks, ' ') + row[column];
                 blanks = 0;
             }
-            blanks += widths[column] - widthOf(row[column]) + 2;
+            blanks += widths[column] - std::min(widths[column], width) + 2;
         }
         fmt::print("{}\n", line);
     }

@@ -7,7 +7,7 @@ namespace Tool {
 
 using Row = std::vector<std::string>;
 
-/// Prints rows of equally many cells to standard output, each column as wide as its widest cell.
+/// Prints rows of equally many cells to standard output, each column as wide as its widest cell, within reason.
 void printTable(const std::vector<Row>& rows);
 
 } // namespace Tool

@@ -15,6 +15,9 @@ std::size_t widthOf(std::string_view text);
 /// Where a text in UTF-8 goes wrong; npos for nowhere.
 std::size_t findInvalidUtf8(std::string_view text);
 
+/// The text with the letters of ASCII in lower case.
+std::string lowerCase(std::string text);
+
 /// "1 document", "2 documents".
 std::string counted(std::size_t number, std::string_view noun);
 

@@ -12,9 +12,10 @@
 
 namespace fs = std::filesystem;
 
-ProgramRun runTool(const std::vector<std::string>& arguments, const std::string& folder) {
+namespace {
+
+ProgramRun run(std::string program, const std::vector<std::string>& arguments, const std::string& folder) {
     const TemporaryFolder streams;
-    std::string program = PARAMETERS_TOOL;
     std::vector<std::string> texts = arguments;
     std::vector<char*> argv = {program.data()};
     for (std::string& text : texts) {
@@ -36,6 +37,16 @@ ProgramRun runTool(const std::vector<std::string>& arguments, const std::string&
     }
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentsOf(streams.path("output")),
             contentsOf(streams.path("errors"))};
+}
+
+} // namespace
+
+ProgramRun runTool(const std::vector<std::string>& arguments, const std::string& folder) {
+    return run(PARAMETERS_TOOL, arguments, folder);
+}
+
+ProgramRun runShell(const std::string& command) {
+    return run("/bin/sh", {"-c", "tool='" PARAMETERS_TOOL "'; " + command}, PARAMETERS_SOURCE_DIR);
 }
 
 std::string contentsOf(const fs::path& file) {

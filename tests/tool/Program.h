@@ -14,6 +14,9 @@ struct ProgramRun {
 /// Runs it in a folder, without a shell.
 ProgramRun runTool(const std::vector<std::string>& arguments, const std::string& folder = PARAMETERS_SOURCE_DIR);
 
+/// Runs a command of the shell, for which the program is $tool.
+ProgramRun runShell(const std::string& command);
+
 std::string contentsOf(const std::filesystem::path& file);
 
 /// An empty folder that is gone at the end of the test.

@@ -21,6 +21,18 @@ TEST(ListCommand, AlignsATable) {
               "acme.building:range.ductSide-1.0.0   float-range                     PropertySets  1.0.0 to 2.0.0\n");
 }
 
+TEST(ListCommand, LetsALongTypeidWidenNoOtherRow) {
+    const TemporaryFolder folder;
+    const std::string rest =
+        R"(","inherits":["quovanta.spec:discipline-1.0.0"],"constants":[{"id":"name","value":"N"}]})";
+    const std::string longTypeId(81, 'x');
+    folder.write("a.jsonl", R"({"typeid":"a)" + rest + '\n' + R"({"typeid":")" + longTypeId + rest + '\n');
+    EXPECT_EQ(runTool({"list", "a.jsonl"}, folder.path()).output,
+              "TYPEID  KIND        NAME  FORMAT        VERSIONS\n"
+              "a       discipline  N     PropertySets  1.0.0 to 2.0.0\n" +
+                  longTypeId + "  discipline  N     PropertySets  1.0.0 to 2.0.0\n");
+}
+
 TEST(ListCommand, WritesJsonForPrograms) {
     const ProgramRun run = runTool({"list", "examples/catalog/domains", "--kind", "domain", "--json"});
     EXPECT_THAT(run.output, StartsWith(R"([

@@ -61,6 +61,8 @@ TEST(ExportCommand, OverwritesOnlyWhenForced) {
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.errors, "parameters: ./test_rich_.._.._x-1.0.0.json is there already; --force overwrites it.\n");
     EXPECT_EQ(contentsOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
+    EXPECT_EQ(runTool({"export", "rich.json", "--data-model", "1.0.0", "--out", "rich.json"}, folder.path()).errors,
+              "parameters: The folder rich.json cannot be made: Not a directory.\n");
     arguments.emplace_back("--force");
     EXPECT_EQ(runTool(arguments, folder.path()).status, 0);
     EXPECT_NE(contentsOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
