@@ -17,7 +17,8 @@ void dropBuiltIns(std::set<std::string>& typeIds) {
 template <class Kind>
 std::set<std::string> dependenciesOf(const typename Kind::Object& object, const EngineImpl& engine) {
     std::set<std::string> typeIds;
-    Kind::addDependencies(object, typeIds, engine.units, engine.primary.store<CategoryKind>().finished);
+    Kind::addDependencies(object, typeIds, engine.units,
+                          LookupScope(engine.units, engine.primary).stores<CategoryKind>());
     dropBuiltIns(typeIds);
     return typeIds;
 }

@@ -21,13 +21,14 @@ struct EngineImpl {
 
     [[nodiscard]] bool isRegistered(std::string_view typeId) const {
         const TypeIdKey key(typeId);
-        return isBuiltInTypeId(typeId) || primary.contains(key) || imported.contains(key) ||
+        return primary.contains(key) || imported.contains(key) || isBuiltInTypeId(typeId) ||
                units.isRegistered(std::string(typeId));
     }
 
     /// The check of everything that is about to be taken in. Imported objects may be registered over.
-    void requireUnregistered(const std::string& typeId) const {
-        primary.requireAbsent(typeId);
+    void requireUnregistered(const std::string& typeId) const { requireUnregistered(typeId, typeId); }
+    void requireUnregistered(const std::string& typeId, const TypeIdKey& key) const {
+        primary.requireAbsent(key);
         if (isBuiltInTypeId(typeId) || units.isRegistered(typeId)) {
             Registry::raiseAlreadyRegistered(typeId);
         }

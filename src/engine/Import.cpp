@@ -45,9 +45,8 @@ TypeIds closureInContext(TypeIds work, EngineImpl& engine, const ParametersEngin
 /// Copies those of the typeids that are of the kind, with their texts, checked against all that the new engine will
 /// see.
 template <class Kind> void copyFromContext(const TypeIds& typeIds, EngineImpl& engine, const EngineImpl& context) {
-    const auto& source = context.primary.store<Kind>().finished;
     for (const std::string& typeId : typeIds) {
-        if (const auto* item = source.find(typeId)) {
+        if (const auto* item = context.primary.find<Kind>(typeId)) {
             const LookupScope scope(engine.units, engine.primary, engine.imported, context.primary);
             engine.imported.addObject<Kind>({Kind::validated(item->object, scope), item->text});
         }

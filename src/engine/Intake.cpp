@@ -2,6 +2,7 @@
 #include "schema/UnitsErrors.h"
 #include "schema/ValidationExceptionFactory.h"
 
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -26,7 +27,7 @@ void collectMissing(const EngineImpl& engine, const std::string& schemaTypeId, c
 /// Keeps the document as pending if it is of the kind; whether it is. What can fail is done before the store is
 /// touched.
 template <class Kind>
-bool storePending(EngineImpl& engine, SchemaDocument& document, const std::string& schemaText,
+bool storePending(EngineImpl& engine, SchemaDocument& document, std::uint32_t typeIdHash, const std::string& schemaText,
                   MissingTypeIds* missing) {
     auto body = Kind::read(document);
     if (!body) {
@@ -36,17 +37,19 @@ bool storePending(EngineImpl& engine, SchemaDocument& document, const std::strin
         collectMissing(engine, document.typeId, Kind::dependenciesOfSchema(*body), missing->first);
         collectMissing(engine, document.typeId, Kind::unitDependenciesOfSchema(*body), missing->second);
     }
-    engine.primary.store<Kind>().pending.insert(std::move(document.typeId), {*std::move(body), schemaText});
+    engine.primary.addPending<Kind>(std::move(document.typeId), typeIdHash, *std::move(body), schemaText);
     return true;
 }
 
 /// Whether the document was of one of the library's kinds and is now pending.
 bool takeSchema(EngineImpl& engine, const std::string& schemaText, MissingTypeIds* missing) {
     JSON::Scratch scratch;
-    SchemaDocument document = readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText, &scratch);
-    engine.requireUnregistered(document.typeId);
+    SchemaDocument document =
+        readSchemaDocument(sharedExceptionFactory<ValidationExceptionFactory>(), schemaText, &scratch);
+    const TypeIdKey key(document.typeId);
+    engine.requireUnregistered(document.typeId, key);
     return IntakeOrder::any(
-        [&](auto kind) { return storePending<decltype(kind)>(engine, document, schemaText, missing); });
+        [&](auto kind) { return storePending<decltype(kind)>(engine, document, key.hash, schemaText, missing); });
 }
 
 /// Registers the document here or, if it is of no kind of this library, in the units library.

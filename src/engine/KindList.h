@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -17,6 +18,14 @@ template <class... Kinds> struct KindList {
     /// Whether the list has all of these kinds and no other.
     template <class... Others> [[nodiscard]] static constexpr bool isOrderOf(KindList<Others...> /*others*/) noexcept {
         return sizeof...(Kinds) == sizeof...(Others) && (contains<Others>() && ...);
+    }
+
+    /// Where a kind stands in the list.
+    template <class Kind> [[nodiscard]] static constexpr std::size_t positionOf() noexcept {
+        static_assert(contains<Kind>());
+        std::size_t position = 0;
+        static_cast<void>(((std::is_same_v<Kind, Kinds> || (++position, false)) || ...));
+        return position;
     }
 
     /// Calls test with one kind after the other until it returns true; whether it ever did.

@@ -51,7 +51,7 @@ struct KindDefaults {
     template <class Body> static TypeIdViews unitDependenciesOfSchema(const Body& /*body*/) { return {}; }
     template <class Object>
     static void addDependencies(const Object& /*object*/, std::set<std::string>& /*result*/,
-                                const Units::UnitsEngine& /*units*/, const ObjectMap<Category>& /*categories*/) {}
+                                const Units::UnitsEngine& /*units*/, const StoreList<Category>& /*categories*/) {}
     template <class Object> static Conversion conversionOf(const Object& object) {
         return conversionByFormat(object.getSchemaFormat());
     }
@@ -149,7 +149,7 @@ struct CategoryKind : KindDefaults {
     static std::optional<Body> read(const SchemaDocument& document) { return readCategorySchema(document); }
     static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfCategorySchema(body); }
     static void addDependencies(const Object& category, std::set<std::string>& result,
-                                const Units::UnitsEngine& /*units*/, const ObjectMap<Category>& categories) {
+                                const Units::UnitsEngine& /*units*/, const StoreList<Category>& categories) {
         dependenciesOfCategory(category, result, categories);
     }
     template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
@@ -174,7 +174,7 @@ struct SpecKind : KindDefaults {
     static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfSpecSchema(body); }
     static TypeIdViews unitDependenciesOfSchema(const Body& body) { return unitDependenciesOfSpecSchema(body); }
     static void addDependencies(const Object& spec, std::set<std::string>& result, const Units::UnitsEngine& units,
-                                const ObjectMap<Category>& /*categories*/) {
+                                const StoreList<Category>& /*categories*/) {
         dependenciesOfSpec(spec, result, units);
     }
     template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
@@ -198,7 +198,7 @@ struct ParameterKind : KindDefaults {
     static std::optional<Body> read(const SchemaDocument& document) { return readParameterSchema(document); }
     static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfParameterSchema(body); }
     static void addDependencies(const Object& parameter, std::set<std::string>& result, const Units::UnitsEngine& units,
-                                const ObjectMap<Category>& categories) {
+                                const StoreList<Category>& categories) {
         dependenciesOfParameter(parameter, result, units, categories);
     }
     template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
@@ -233,7 +233,7 @@ using ResolutionOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, 
 using ImportOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind, DomainKind, CategoryKind,
                              DisciplineKind, SpecKind, GroupKind, ParameterKind>;
 
-/// Where the order makes no difference: those that others refer to most come first, since that is what is looked up.
+/// Where the order makes no difference.
 using AllKinds = KindList<SpecKind, GroupKind, DisciplineKind, CategoryKind, EnumerationKind, FloatRangeKind,
                           IntRangeKind, StringRangeKind, DomainKind, ParameterKind>;
 

@@ -23,7 +23,7 @@ public:
         StoreList<typename Kind::Object> list;
         for (const Registry* registry : registries_) {
             if (registry != nullptr) {
-                list.add(registry->store<Kind>().finished);
+                registry->addTo<Kind>(list);
             }
         }
         return list;

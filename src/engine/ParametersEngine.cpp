@@ -10,8 +10,9 @@ namespace {
 
 template <class Kind> std::map<std::string, typename Kind::Object> allObjects(const Registry& registry) {
     std::map<std::string, typename Kind::Object> objects;
-    for (const auto* entry : registry.store<Kind>().finished.sorted()) {
-        objects.emplace_hint(objects.end(), entry->typeId, entry->value.object);
+    for (const auto& item : registry.store<Kind>().finished) {
+        // Catalogs often come in ascending order.
+        objects.emplace_hint(objects.end(), typeIdOf(item.object), item.object);
     }
     return objects;
 }
@@ -80,41 +81,41 @@ std::map<std::string, StringRange> ParametersEngine::getAllStringRanges() const 
 }
 
 Category ParametersEngine::getCategory(const std::string& typeId) const {
-    return impl_->primary.store<CategoryKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<CategoryKind>(typeId);
 }
 
 Taxon ParametersEngine::getDiscipline(const std::string& typeId) const {
     if (containsPrefix(typeId, Vocabulary::discipline.prefix)) {
         return DefaultTaxa::disciplines().withTypeId(typeId);
     }
-    return impl_->primary.store<DisciplineKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<DisciplineKind>(typeId);
 }
 
 Taxon ParametersEngine::getDomain(const std::string& typeId) const {
-    return impl_->primary.store<DomainKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<DomainKind>(typeId);
 }
 
 Enumeration ParametersEngine::getEnumeration(const std::string& typeId) const {
-    return impl_->primary.store<EnumerationKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<EnumerationKind>(typeId);
 }
 
 FloatRange ParametersEngine::getFloatRange(const std::string& typeId) const {
-    return impl_->primary.store<FloatRangeKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<FloatRangeKind>(typeId);
 }
 
 Taxon ParametersEngine::getGroup(const std::string& typeId) const {
     if (containsPrefix(typeId, Vocabulary::group.prefix)) {
         return DefaultTaxa::groups().withTypeId(typeId);
     }
-    return impl_->primary.store<GroupKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<GroupKind>(typeId);
 }
 
 IntRange ParametersEngine::getIntRange(const std::string& typeId) const {
-    return impl_->primary.store<IntRangeKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<IntRangeKind>(typeId);
 }
 
 Parameter ParametersEngine::getParameter(const std::string& typeId) const {
-    return impl_->primary.store<ParameterKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<ParameterKind>(typeId);
 }
 
 Spec ParametersEngine::getSpec(const std::string& typeId) const {
@@ -123,11 +124,11 @@ Spec ParametersEngine::getSpec(const std::string& typeId) const {
     if (base != nullptr && !isExactly(typeId, Vocabulary::familyTypeSpec.typeId)) {
         return *base;
     }
-    return impl_->primary.store<SpecKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<SpecKind>(typeId);
 }
 
 StringRange ParametersEngine::getStringRange(const std::string& typeId) const {
-    return impl_->primary.store<StringRangeKind>().lookupObject(typeId);
+    return impl_->primary.lookupObject<StringRangeKind>(typeId);
 }
 
 bool ParametersEngine::isRegistered(const std::string& typeId) const { return impl_->isRegistered(typeId); }

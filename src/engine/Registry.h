@@ -6,10 +6,14 @@
 
 #include <Parameters/Exceptions.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace Parameters {
 
@@ -33,52 +37,62 @@ private:
 template <class Body> struct PendingSchema {
     Boxed<Body> body;
     std::string text;
+    /// Its position in the registry's index.
+    std::size_t entry;
 };
 
 /// All items of one kind.
-template <class Kind> struct KindStore {
-    using Object = typename Kind::Object;
+template <class Kind> struct KindStore : ObjectStore<typename Kind::Object> {
+    KindStore() noexcept
+        : ObjectStore<typename Kind::Object>{static_cast<std::uint8_t>(AllKinds::positionOf<Kind>()), {}, {}} {}
 
-    TypeIdMap<PendingSchema<typename Kind::Body>> pending;
-    ObjectMap<Object> finished;
-
-    [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept {
-        return finished.contains(key) || pending.contains(key);
+    void clearPending() noexcept {
+        pending = std::vector<PendingSchema<typename Kind::Body>>();
+        this->staged = std::vector<FinishedItem<typename Kind::Object>>();
     }
 
-    [[nodiscard]] const Object& lookupObject(const TypeIdKey& key) const {
-        const auto* item = finished.find(key);
+    std::vector<PendingSchema<typename Kind::Body>> pending;
+};
+
+/// Everything that is known by typeid, each item either finished or pending, of one kind.
+class Registry {
+public:
+    /// Whether the typeid is that of a finished object or of a pending schema.
+    [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return places_.contains(key); }
+
+    template <class Kind> [[nodiscard]] KindStore<Kind>& store() noexcept { return std::get<KindStore<Kind>>(stores_); }
+    template <class Kind> [[nodiscard]] const KindStore<Kind>& store() const noexcept {
+        return std::get<KindStore<Kind>>(stores_);
+    }
+
+    [[nodiscard]] const std::string& typeIdAt(std::size_t entry) const noexcept { return places_[entry].typeId; }
+
+    /// The finished object, or null.
+    template <class Kind> [[nodiscard]] const auto* find(const TypeIdKey& key) const noexcept {
+        return store<Kind>().find(places_, key);
+    }
+
+    template <class Kind> [[nodiscard]] const typename Kind::Object& lookupObject(const TypeIdKey& key) const {
+        const auto* item = find<Kind>(key);
         if (item == nullptr) {
             throw UnrecognizedIdentifierException(
                 joined({"Could not find ", Kind::name, " with typeid ", key.typeId, "."}));
         }
         return item->object;
     }
-};
-
-/// One store for each kind. A typeid stands in at most one of them, either finished or pending; the store that holds it
-/// tells the item's kind.
-class Registry {
-public:
-    template <class Kind> [[nodiscard]] KindStore<Kind>& store() noexcept { return std::get<KindStore<Kind>>(stores_); }
-    template <class Kind> [[nodiscard]] const KindStore<Kind>& store() const noexcept {
-        return std::get<KindStore<Kind>>(stores_);
-    }
-
-    /// Whether the typeid is that of a finished object or of a pending schema.
-    [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept {
-        return AllKinds::any([&](auto kind) { return store<decltype(kind)>().contains(key); });
-    }
 
     /// Calls visit with the kind and the item if the typeid is that of a finished object; whether it is.
     template <class Visit> bool visitFinished(const TypeIdKey& key, Visit visit) const {
-        return AllKinds::any([&](auto kind) {
-            const auto* item = store<decltype(kind)>().finished.find(key);
-            if (item != nullptr) {
-                visit(kind, *item);
-            }
-            return item != nullptr;
-        });
+        const ItemPlace* place = places_.find(key);
+        if (place == nullptr || place->isPending) {
+            return false;
+        }
+        visitKind(place->kind, [&](auto kind) { visit(kind, store<decltype(kind)>().finished[place->position]); });
+        return true;
+    }
+
+    template <class Kind> void addTo(StoreList<typename Kind::Object>& list) const noexcept {
+        list.add(places_, store<Kind>());
     }
 
     void requireAbsent(const TypeIdKey& key) const {
@@ -96,13 +110,59 @@ public:
 
     template <class Kind> void addObject(FinishedItem<typename Kind::Object> item) {
         std::string typeId = typeIdOf(item.object);
-        requireAbsent(typeId);
-        store<Kind>().finished.insert(std::move(typeId), std::move(item));
+        const TypeIdKey key(typeId);
+        requireAbsent(key);
+        add<Kind>(store<Kind>().finished, false, std::move(typeId), key.hash, std::move(item));
     }
+
+    /// The typeid, whose hash is given, must be absent.
+    template <class Kind>
+    void addPending(std::string typeId, std::uint32_t hash, typename Kind::Body body, std::string text) {
+        add<Kind>(store<Kind>().pending, true, std::move(typeId), hash,
+                  {std::move(body), std::move(text), places_.size()});
+    }
+
+    /// Makes room for finishPending() and then takeFinished() of the other, so that these can't fail half-way.
+    void reserveFor(const Registry& other);
+
+    /// Makes all that is pending finished, as it has been staged.
+    void finishPending() noexcept;
+
+    /// Forgets what is pending and staged.
+    void dropPending() noexcept;
+
+    /// Moves the other's finished objects here, with their texts, but for those whose typeids are known here, of
+    /// whatever kind.
+    void takeFinished(Registry& other) noexcept;
 
 private:
     template <class... Kinds> static std::tuple<KindStore<Kinds>...> storesOf(KindList<Kinds...>);
 
+    /// Calls visit with the kind of that number.
+    template <class Visit> static void visitKind(std::uint8_t number, Visit visit) {
+        AllKinds::any([&](auto kind) {
+            const bool isMeant = AllKinds::positionOf<decltype(kind)>() == number;
+            if (isMeant) {
+                visit(kind);
+            }
+            return isMeant;
+        });
+    }
+
+    template <class Kind> [[nodiscard]] static ItemPlace placeOf(bool isPending, std::size_t position) noexcept {
+        return {static_cast<std::uint8_t>(AllKinds::positionOf<Kind>()), isPending,
+                static_cast<std::uint32_t>(position)};
+    }
+
+    /// Adds an item to a store. It may fail where there is no room, and then changes nothing.
+    template <class Kind, class Item>
+    void add(std::vector<Item>& items, bool arePending, std::string typeId, std::uint32_t hash, Item item) {
+        makeRoom(items, 1);
+        places_.insert(std::move(typeId), hash, placeOf<Kind>(arePending, items.size()));
+        items.push_back(std::move(item));
+    }
+
+    ItemPlaces places_;
     decltype(storesOf(AllKinds{})) stores_;
 };
 

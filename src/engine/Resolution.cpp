@@ -9,16 +9,6 @@ namespace Parameters {
 
 namespace {
 
-/// Takes everything pending out of the registry.
-Registry stagePending(Registry& primary) noexcept {
-    Registry staged;
-    AllKinds::forEach([&](auto kind) {
-        using Kind = decltype(kind);
-        staged.store<Kind>().pending = std::exchange(primary.store<Kind>().pending, {});
-    });
-    return staged;
-}
-
 /// Of the faults met so far that of the smallest typeid, which is the one to report.
 class FirstFault {
 public:
@@ -41,78 +31,79 @@ private:
     std::exception_ptr fault_;
 };
 
-/// Makes the objects of one kind. None depends on another of its kind, so they are made as they come, without sorting
-/// them by typeid: that order shows in which of several faults is reported, and nowhere else.
-template <class Kind> void resolveStage(KindStore<Kind>& staged, const LookupScope& scope) {
-    auto pending = std::exchange(staged.pending, {});
-    staged.finished.reserveMore(pending.size());
+/// Calls work with each of the items, and throws the validation error of the smallest typeid if there is one. The items
+/// are taken as they stand, without sorting them: their order shows in nothing but the choice of the error.
+template <class Items, class GetTypeId, class Work>
+void forEachUntilFault(Items& items, GetTypeId getTypeId, Work work) {
     FirstFault fault;
-    for (auto& entry : pending) {
-        if (fault.isBefore(entry.typeId)) {
+    for (auto& item : items) {
+        const std::string& typeId = getTypeId(item);
+        if (fault.isBefore(typeId)) {
             continue;
         }
         try {
-            auto object = Kind::resolve(entry.typeId, std::move(*entry.value.body), scope);
-            staged.finished.insert(std::move(entry.typeId), {std::move(object), std::move(entry.value.text)});
+            work(item);
         } catch (const ValidationException&) {
-            fault.catchCurrent(entry.typeId);
+            fault.catchCurrent(typeId);
         }
     }
     fault.rethrow();
 }
 
+/// Makes the objects of one kind, of which none depends on another.
+template <class Kind> void stagePending(Registry& registry, const LookupScope& scope) {
+    auto& items = registry.store<Kind>();
+    items.staged.reserve(items.pending.size());
+    const auto typeIdOfSchema = [&](const auto& schema) -> const std::string& {
+        return registry.typeIdAt(schema.entry);
+    };
+    forEachUntilFault(items.pending, typeIdOfSchema, [&](auto& schema) {
+        auto object = Kind::resolve(typeIdOfSchema(schema), std::move(*schema.body), scope);
+        items.staged.push_back({std::move(object), std::move(schema.text)});
+    });
+}
+
 /// Only now do all categories stand, so that a parent may come behind its subcategory.
-void checkSubcategoryParents(const StoreList<Category>& categoryStores, const ObjectMap<Category>& categories) {
-    for (const auto* entry : categories.sorted()) {
-        const std::string* parentTypeId = parentOf(entry->value.object);
+void checkSubcategoryParents(const StoreList<Category>& stores, const std::vector<FinishedItem<Category>>& categories) {
+    const auto typeIdOfItem = [](const auto& item) -> const std::string& { return typeIdOf(item.object); };
+    forEachUntilFault(categories, typeIdOfItem, [&](const auto& item) {
+        const std::string* parentTypeId = parentOf(item.object);
         if (parentTypeId == nullptr) {
-            continue;
+            return;
         }
-        const Category* parent = categoryStores.find(*parentTypeId);
+        const Category* parent = stores.find(*parentTypeId);
         if (parent == nullptr || !isMajor(*parent)) {
-            raiseParentNotMajor(*parentTypeId, entry->typeId);
+            raiseParentNotMajor(*parentTypeId, typeIdOfItem(item));
         }
-    }
-}
-
-void reserveFor(Registry& target, const Registry& first, const Registry& second) {
-    AllKinds::forEach([&](auto kind) {
-        using Kind = decltype(kind);
-        target.store<Kind>().finished.reserveMore(first.store<Kind>().finished.size() +
-                                                  second.store<Kind>().finished.size());
     });
 }
 
-/// Moves finished objects, with their texts, into the target unless it knows the typeid, of whatever kind. The target
-/// has room, so nothing can fail half-way.
-void mergeFinished(Registry& target, Registry& source) noexcept {
-    AllKinds::forEach([&](auto kind) {
-        using Kind = decltype(kind);
-        for (auto& entry : source.store<Kind>().finished) {
-            if (!target.contains(entry.typeId)) {
-                target.store<Kind>().finished.insert(std::move(entry.typeId), std::move(entry.value));
-            }
-        }
-    });
+/// Makes an object of everything pending, beside what is finished, or throws.
+void stageAll(Registry& primary, const Registry& imported, const Units::UnitsEngine& units) {
+    const LookupScope scope(units, primary, imported);
+    ResolutionOrder::forEach([&](auto kind) { stagePending<decltype(kind)>(primary, scope); });
+    const auto categories = scope.stores<CategoryKind>();
+    checkSubcategoryParents(categories, primary.store<CategoryKind>().staged);
+    checkSubcategoryParents(categories, imported.store<CategoryKind>().finished);
+    primary.reserveFor(imported);
 }
 
 } // namespace
 
 void ParametersEngine::resolveSchemas() {
     Registry& primary = impl_->primary;
-    Registry importedBatch = std::exchange(impl_->imported, {});
+    Registry imported = std::exchange(impl_->imported, {});
     withUnitsValidation([&] {
         impl_->units.resolveSchemas();
-        Registry staged = stagePending(primary);
-        const LookupScope scope(impl_->units, primary, staged, importedBatch);
-        ResolutionOrder::forEach([&](auto kind) { resolveStage(staged.store<decltype(kind)>(), scope); });
-        for (const Registry* registry : {&staged, &importedBatch}) {
-            checkSubcategoryParents(scope.stores<CategoryKind>(), registry->store<CategoryKind>().finished);
+        try {
+            stageAll(primary, imported, impl_->units);
+        } catch (...) {
+            primary.dropPending();
+            throw;
         }
-        reserveFor(primary, staged, importedBatch);
-        mergeFinished(primary, staged);
     });
-    mergeFinished(primary, importedBatch);
+    primary.finishPending();
+    primary.takeFinished(imported);
 }
 
 } // namespace Parameters

@@ -7,10 +7,12 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Parameters {
 
@@ -20,23 +22,49 @@ template <class Object> struct FinishedItem {
     std::optional<std::string> text;
 };
 
-/// The finished objects of one kind.
-template <class Object> using ObjectMap = TypeIdMap<FinishedItem<Object>>;
+/// Where a registry keeps an item.
+struct ItemPlace {
+    /// Its position among all kinds.
+    std::uint8_t kind;
+    bool isPending;
+    std::uint32_t position;
+};
+
+/// Where each item of a registry stands.
+using ItemPlaces = TypeIdMap<ItemPlace>;
+
+/// The objects of one kind in a registry.
+template <class Object> struct ObjectStore {
+    std::uint8_t kind;
+    std::vector<FinishedItem<Object>> finished;
+    /// While a resolution runs, what it has made of the pending schemas, in their order.
+    std::vector<FinishedItem<Object>> staged;
+
+    [[nodiscard]] const FinishedItem<Object>* find(const ItemPlaces& places, const TypeIdKey& key) const noexcept {
+        const ItemPlace* place = places.find(key);
+        if (place == nullptr || place->kind != kind) {
+            return nullptr;
+        }
+        const auto& items = place->isPending ? staged : finished;
+        return place->position < items.size() ? &items[place->position] : nullptr;
+    }
+};
 
 /// Where a reference may be looked up: objects of one kind in up to three places, searched front to back. It lives
 /// within one operation.
 template <class Object> class StoreList {
 public:
-    void add(const ObjectMap<Object>& objects) noexcept {
-        if (!objects.empty()) {
-            stores_[count_++] = &objects;
+    void add(const ItemPlaces& places, const ObjectStore<Object>& store) noexcept {
+        if (!store.finished.empty() || !store.staged.empty()) {
+            stores_[count_++] = {&places, &store};
         }
     }
 
     /// The first hit, or null.
     [[nodiscard]] const Object* find(const TypeIdKey& key) const noexcept {
         for (std::size_t i = 0; i < count_; ++i) {
-            if (const auto* item = stores_[i]->find(key)) {
+            const auto& [places, store] = stores_[i];
+            if (const auto* item = store->find(*places, key)) {
                 return &item->object;
             }
         }
@@ -46,7 +74,12 @@ public:
     static constexpr std::size_t capacity = 3;
 
 private:
-    std::array<const ObjectMap<Object>*, capacity> stores_{};
+    struct Store {
+        const ItemPlaces* places;
+        const ObjectStore<Object>* objects;
+    };
+
+    std::array<Store, capacity> stores_{};
     std::size_t count_ = 0;
 };
 

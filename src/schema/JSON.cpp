@@ -2,7 +2,6 @@
 
 #include <rapidjson/document.h>
 #include <rapidjson/reader.h>
-#include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
 #include <algorithm>
@@ -37,13 +36,48 @@ public:
 
 using Encoding = rapidjson::UTF8<>;
 using Pool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;
-using Document = rapidjson::GenericDocument<Encoding, Pool, ThrowingAllocator>;
+using Document = rapidjson::GenericDocument<Encoding, Pool, Pool>;
 using Value = rapidjson::GenericValue<Encoding, Pool>;
 using Reader = rapidjson::GenericReader<Encoding, Encoding, ThrowingAllocator>;
-using Buffer = rapidjson::GenericStringBuffer<Encoding, ThrowingAllocator>;
-using Writer = rapidjson::Writer<Buffer, Encoding, Encoding, ThrowingAllocator>;
 
 rapidjson::SizeType sizeOf(std::string_view text) { return static_cast<rapidjson::SizeType>(text.size()); }
+
+/// What RapidJSON writes to.
+struct TextStream {
+    using Ch = char;
+
+    void Put(char character) { text.push_back(character); }
+    void Flush() noexcept {}
+
+    std::string text;
+};
+
+/// Writes a string that needs no escapes, as nearly all, in one piece.
+class TextWriter : public rapidjson::Writer<TextStream, Encoding, Encoding, ThrowingAllocator> {
+public:
+    using Writer::Writer;
+
+    bool String(const char* text, rapidjson::SizeType size, bool copy) {
+        const std::string_view characters(text, size);
+        if (needsEscapes(characters)) {
+            return Writer::String(text, size, copy);
+        }
+        Prefix(rapidjson::kStringType);
+        os_->text.append(1, '"').append(characters).append(1, '"');
+        return EndValue(true);
+    }
+    bool Key(const char* text, rapidjson::SizeType size, bool copy) { return String(text, size, copy); }
+
+private:
+    static bool needsEscapes(std::string_view characters) noexcept {
+        bool found = false;
+        for (const char character : characters) {
+            // Without a way out of the loop the compiler makes it one over many characters at a time.
+            found |= static_cast<unsigned char>(character) < ' ' || character == '"' || character == '\\';
+        }
+        return found;
+    }
+};
 
 /// Hands the parser's events to the document, and stops the parser where they nest too deep or a number is too big.
 class BoundedHandler {
@@ -109,6 +143,9 @@ static_assert(rapidjson::kParseErrorDocumentEmpty == 1 &&
                   rapidjson::kParseErrorUnspecificSyntaxError == parseErrorMessages.size(),
               "one message for each error code");
 
+/// Few texts are longer.
+constexpr std::size_t usualTextSize = 512;
+
 const char* messageFor(rapidjson::ParseErrorCode code) {
     const auto index = static_cast<std::size_t>(code) - 1;
     return index < parseErrorMessages.size() ? parseErrorMessages[index] : "Unknown error.";
@@ -120,18 +157,33 @@ struct JSON::Tree {
     Tree(std::shared_ptr<ExceptionFactory> factory, Scratch* scratch)
         : exceptionFactory(std::move(factory)),
           pool(scratch != nullptr ? Pool(scratch->memory, sizeof(scratch->memory), poolBlock, &memory)
-                                  : Pool(poolBlock, &memory)) {}
+                                  : Pool(poolBlock, &memory)),
+          isInScratch(scratch != nullptr) {}
+
+    static std::unique_ptr<Tree, TreeDeleter> create(std::shared_ptr<ExceptionFactory> factory, Scratch* scratch) {
+        static_assert(sizeof(Tree) <= sizeof(Scratch::tree));
+        Tree* tree = scratch != nullptr ? new (scratch->tree) Tree(std::move(factory), scratch)
+                                        : new Tree(std::move(factory), nullptr);
+        return std::unique_ptr<Tree, TreeDeleter>(tree);
+    }
 
     std::shared_ptr<ExceptionFactory> exceptionFactory;
     ThrowingAllocator memory;
     Pool pool;
-    Document document{&pool, stackSize, &memory};
+    bool isInScratch;
+    Document document{&pool, stackSize, &pool};
 
     static constexpr std::size_t poolBlock = 64 * 1024;
     static constexpr std::size_t stackSize = 1024;
 };
 
-void JSON::TreeDeleter::operator()(Tree* tree) const noexcept { delete tree; }
+void JSON::TreeDeleter::operator()(Tree* tree) const noexcept {
+    if (tree->isInScratch) {
+        tree->~Tree();
+    } else {
+        delete tree;
+    }
+}
 
 /// The JSON library's side of a handle.
 struct JSON::Access {
@@ -215,7 +267,7 @@ JSON& JSON::operator=(JSON&& other) noexcept {
 }
 
 JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text, Scratch* scratch) {
-    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(std::move(exceptionFactory), scratch)));
+    JSON json(Tree::create(std::move(exceptionFactory), scratch));
     // Parsed in place: the strings of the tree are parts of the copy.
     char* copy = static_cast<char*>(json.tree_->pool.Malloc(text.size() + 1));
     std::memcpy(copy, text.c_str(), text.size() + 1);
@@ -238,7 +290,7 @@ JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::
 }
 
 JSON JSON::createDocument(Scratch* scratch) {
-    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(nullptr, scratch)));
+    JSON json(Tree::create(nullptr, scratch));
     json.tree_->document.SetObject();
     return json;
 }
@@ -296,6 +348,8 @@ std::vector<JSON> JSON::getArray() const {
     return views;
 }
 
+JSON JSON::getElement(std::uint32_t index) const { return {&Access::value(*this)[index], exceptionFactory_}; }
+
 std::map<std::string, std::string> JSON::getStringMap() const {
     std::map<std::string, std::string> strings;
     for (const auto& member : Access::value(*this).GetObject()) {
@@ -311,10 +365,11 @@ std::map<std::string, std::string> JSON::getStringMap() const {
 }
 
 std::string JSON::toString() const {
-    Buffer buffer;
-    Writer writer(buffer);
+    TextStream stream;
+    stream.text.reserve(usualTextSize);
+    TextWriter writer(stream);
     Access::value(*this).Accept(writer);
-    return {buffer.GetString(), buffer.GetSize()};
+    return std::move(stream.text);
 }
 
 void JSON::raise(const std::string& message) const {

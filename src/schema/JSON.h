@@ -20,6 +20,7 @@ class JSON {
 public:
     /// Memory for one small tree, to be put on the stack by operations that are done with the tree when they return.
     struct Scratch {
+        alignas(16) std::byte tree[320];
         alignas(16) std::byte memory[16 * 1024];
     };
 
@@ -83,6 +84,8 @@ public:
     [[nodiscard]] bool exists() const noexcept { return viewed_ != nullptr; }
     /// One view an element.
     [[nodiscard]] std::vector<JSON> getArray() const;
+    /// A view of one element, without the vector.
+    [[nodiscard]] JSON getElement(std::uint32_t index) const;
     /// Keys and values of an object of strings; the last of several members of one name counts.
     [[nodiscard]] std::map<std::string, std::string> getStringMap() const;
 

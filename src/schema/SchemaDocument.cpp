@@ -9,22 +9,20 @@ namespace Parameters {
 
 namespace {
 
-/// The array "inherits", as views.
-std::vector<std::string_view> readNonEmptyStringArray(const JSON& json) {
+/// Refuses what is no array of strings that all hold something.
+void requireNonEmptyStringArray(const JSON& json) {
     if (!json.isArray()) {
         json.raise("Expected an array.");
     }
-    std::vector<std::string_view> strings;
-    for (const JSON& element : json.getArray()) {
+    for (std::uint32_t i = 0; i < json.getSize(); ++i) {
+        const JSON element = json.getElement(i);
         if (!element.isString()) {
             json.raise("Expected an array of strings.");
         }
-        strings.push_back(element.getStringView());
-        if (strings.back().empty()) {
+        if (element.getStringView().empty()) {
             json.raise("Expected an array of non-empty strings.");
         }
     }
-    return strings;
 }
 
 /// What is wrong with an element of a member array by itself; nothing if it is in order. The id is that of the element.
@@ -65,13 +63,14 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
     std::vector<SchemaMember> members;
     members.reserve(array.getSize());
     const char* fault = nullptr;
-    for (JSON& element : array.getArray()) {
+    for (std::uint32_t i = 0; i < array.getSize(); ++i) {
+        JSON element = array.getElement(i);
         const JSON id = element.getMember(Frame::id);
         fault = faultOf(element, id);
         if (fault != nullptr) {
             break;
         }
-        members.push_back({id.getStringView(), std::move(element), members.size()});
+        members.push_back({id.getStringView(), std::move(element), i});
     }
     std::sort(members.begin(), members.end(), [](const SchemaMember& left, const SchemaMember& right) {
         const int order = left.id.compare(right.id);
@@ -120,11 +119,11 @@ std::string_view readBaseSchema(const JSON& root) {
     if (!inherits.exists()) {
         root.raise("Schema must specify an inheritance array.");
     }
-    const auto bases = readNonEmptyStringArray(inherits);
-    if (bases.size() != 1) {
+    requireNonEmptyStringArray(inherits);
+    if (inherits.getSize() != 1) {
         root.raise("Inheritance clause must specify exactly one base schema.");
     }
-    return bases.front();
+    return inherits.getElement(0).getStringView();
 }
 
 } // namespace
@@ -224,8 +223,8 @@ std::vector<std::string> readTypedValueArray(const JSON& json) {
     }
     std::vector<std::string> typeIds;
     typeIds.reserve(json.getSize());
-    for (const JSON& element : json.getArray()) {
-        typeIds.push_back(readTypedValue(element));
+    for (std::uint32_t i = 0; i < json.getSize(); ++i) {
+        typeIds.push_back(readTypedValue(json.getElement(i)));
     }
     return typeIds;
 }

@@ -24,8 +24,16 @@ struct TypeIdKey {
     std::uint32_t hash;
 };
 
-/// Map from typeid to value that only grows: entries stand in the order of insertion, a hash index beside them finds
-/// them, and the order by typeid is worked out by whoever needs it.
+/// Makes room for that many further items, and when it has to grow, for as many as there are.
+template <class Item> void makeRoom(std::vector<Item>& items, std::size_t count) {
+    const std::size_t needed = items.size() + count;
+    if (needed > items.capacity()) {
+        items.reserve(std::max(needed, 2 * items.capacity()));
+    }
+}
+
+/// Map from typeid to value: entries stand in the order of insertion, a hash index beside them finds them, and the
+/// order by typeid is worked out by whoever needs it.
 template <class Value> class TypeIdMap {
 public:
     struct Entry {
@@ -39,6 +47,9 @@ public:
     [[nodiscard]] auto end() noexcept { return entries_.end(); }
     [[nodiscard]] auto begin() const noexcept { return entries_.begin(); }
     [[nodiscard]] auto end() const noexcept { return entries_.end(); }
+
+    [[nodiscard]] Entry& operator[](std::size_t position) noexcept { return entries_[position]; }
+    [[nodiscard]] const Entry& operator[](std::size_t position) const noexcept { return entries_[position]; }
 
     [[nodiscard]] const Value* find(const TypeIdKey& key) const noexcept {
         if (entries_.empty()) {
@@ -59,10 +70,8 @@ public:
     /// Makes room for that many further entries, so that inserting them can't fail.
     void reserveMore(std::size_t count) {
         static_assert(std::is_nothrow_move_constructible_v<Value>, "what was reserved must not fail");
+        makeRoom(entries_, count);
         const std::size_t needed = entries_.size() + count;
-        if (needed > entries_.capacity()) {
-            entries_.reserve(std::max(needed, 2 * entries_.capacity()));
-        }
         if (2 * needed > slots_.size()) {
             rehash(needed);
         }
@@ -70,15 +79,41 @@ public:
 
     /// Adds an entry; the map must not hold the typeid yet. Without room reserved it may fail and then changes nothing.
     void insert(std::string typeId, Value value) {
-        reserveMore(1);
         const std::uint32_t hash = hashOfTypeId(typeId);
+        insert(std::move(typeId), hash, std::move(value));
+    }
+    /// The same for one whose hash is known.
+    void insert(std::string typeId, std::uint32_t hash, Value value) {
+        reserveMore(1);
         entries_.push_back(Entry{std::move(typeId), std::move(value)});
         place(slots_, Slot{hash, static_cast<std::uint32_t>(entries_.size() - 1)});
     }
 
+    /// Removes the entries for whose values test returns true.
+    template <class Test> void eraseIf(Test test) noexcept {
+        const auto kept =
+            std::remove_if(entries_.begin(), entries_.end(), [&test](const Entry& entry) { return test(entry.value); });
+        entries_.erase(kept, entries_.end());
+        std::fill(slots_.begin(), slots_.end(), Slot{});
+        for (std::size_t i = 0; i < entries_.size(); ++i) {
+            place(slots_, Slot{hashOfTypeId(entries_[i].typeId), static_cast<std::uint32_t>(i)});
+        }
+    }
+
     /// The entries in ascending order of their typeids, as unsigned bytes.
-    [[nodiscard]] std::vector<Entry*> sorted() { return sortedEntries<Entry>(entries_); }
-    [[nodiscard]] std::vector<const Entry*> sorted() const { return sortedEntries<const Entry>(entries_); }
+    [[nodiscard]] std::vector<const Entry*> sorted() const {
+        std::vector<const Entry*> order;
+        order.reserve(entries_.size());
+        for (const Entry& entry : entries_) {
+            order.push_back(&entry);
+        }
+        const auto byTypeId = [](const Entry* left, const Entry* right) { return left->typeId < right->typeId; };
+        // Catalogs often come in this order already.
+        if (!std::is_sorted(order.begin(), order.end(), byTypeId)) {
+            std::sort(order.begin(), order.end(), byTypeId);
+        }
+        return order;
+    }
 
 private:
     struct Slot {
@@ -110,20 +145,6 @@ private:
             i = (i + 1) & (slots.size() - 1);
         }
         slots[i] = taken;
-    }
-
-    template <class AnyEntry, class Entries> static std::vector<AnyEntry*> sortedEntries(Entries& entries) {
-        std::vector<AnyEntry*> order;
-        order.reserve(entries.size());
-        for (AnyEntry& entry : entries) {
-            order.push_back(&entry);
-        }
-        const auto byTypeId = [](const Entry* left, const Entry* right) { return left->typeId < right->typeId; };
-        // Catalogs often come in this order already.
-        if (!std::is_sorted(order.begin(), order.end(), byTypeId)) {
-            std::sort(order.begin(), order.end(), byTypeId);
-        }
-        return order;
     }
 
     std::vector<Entry> entries_;

@@ -168,12 +168,26 @@ inline constexpr std::array<std::string_view, 19> builtInTypeIds = {
     group.fullFrame,
 };
 
+/// Few others begin like this.
+inline constexpr std::string_view builtInBeginning = "quovanta.";
+static_assert(
+    [] {
+        for (const std::string_view typeId : builtInTypeIds) {
+            if (typeId.substr(0, builtInBeginning.size()) != builtInBeginning) {
+                return false;
+            }
+        }
+        return true;
+    }(),
+    "what begins otherwise is not compared with each");
+
 } // namespace Vocabulary
 
 /// Whether the typeid is one of those that stand for themselves and are never registered.
 [[nodiscard]] inline bool isBuiltInTypeId(std::string_view typeId) noexcept {
     const auto& builtIn = Vocabulary::builtInTypeIds;
-    return std::find(builtIn.begin(), builtIn.end(), typeId) != builtIn.end();
+    return beginsWithPrefix(typeId, Vocabulary::builtInBeginning) &&
+           std::find(builtIn.begin(), builtIn.end(), typeId) != builtIn.end();
 }
 
 } // namespace Parameters

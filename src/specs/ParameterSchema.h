@@ -56,6 +56,6 @@ struct ParameterSchema {
 
 /// Adds the typeids that a finished parameter depends on, those of its spec and its category included.
 void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,
-                             const Units::UnitsEngine& unitsEngine, const ObjectMap<Category>& categoryStore);
+                             const Units::UnitsEngine& unitsEngine, const StoreList<Category>& categoryStores);
 
 } // namespace Parameters

@@ -240,7 +240,7 @@ TypeIdViews dependenciesOfParameterSchema(const ParameterSchema& schema) {
 }
 
 void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,
-                             const Units::UnitsEngine& unitsEngine, const ObjectMap<Category>& categoryStore) {
+                             const Units::UnitsEngine& unitsEngine, const StoreList<Category>& categoryStores) {
     result.insert(typeIdOf(parameter.getGroup()));
     result.insert(parameter.getSpec().getTypeId());
     dependenciesOfSpec(parameter.getSpec(), result, unitsEngine);
@@ -251,7 +251,7 @@ void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& 
                 result.insert(typeIdOf(range));
             }
             if constexpr (std::is_same_v<Range, Category>) {
-                dependenciesOfCategory(range, result, categoryStore);
+                dependenciesOfCategory(range, result, categoryStores);
             }
         },
         parameter.getRange());

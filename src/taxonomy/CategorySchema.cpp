@@ -95,18 +95,17 @@ TypeIdViews dependenciesOfCategorySchema(const CategorySchema& schema) {
 }
 
 void dependenciesOfCategory(const Category& category, std::set<std::string>& result,
-                            const ObjectMap<Category>& categoryStore) {
+                            const StoreList<Category>& categoryStores) {
     const Category* major = &category;
     if (const std::string* parent = parentOf(category)) {
         result.insert(*parent);
-        const auto* item = categoryStore.find(*parent);
-        if (item == nullptr) {
+        major = categoryStores.find(*parent);
+        if (major == nullptr) {
             throw std::out_of_range("Could not find parent category with typeid " + *parent + ".");
         }
-        if (!isMajor(item->object)) {
+        if (!isMajor(*major)) {
             raiseParentNotMajor(*parent, typeIdOf(category));
         }
-        major = &item->object;
     }
     const auto& component = std::get<MajorCategoryComponent>(Internals::dataOf(*major).component);
     result.insert(typeIdOf(Internals::domainOf(component)));

@@ -47,6 +47,6 @@ void writeCategorySchema(const Category& category, JSON& target, DataModelVersio
 /// Adds the typeids that a finished category depends on, those of a subcategory's parent included. A parent that the
 /// store does not hold gives std::out_of_range.
 void dependenciesOfCategory(const Category& category, std::set<std::string>& result,
-                            const ObjectMap<Category>& categoryStore);
+                            const StoreList<Category>& categoryStores);
 
 } // namespace Parameters

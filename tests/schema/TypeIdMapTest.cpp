@@ -53,6 +53,21 @@ TEST(TypeIdMapTest, TellsTypeIdsOfOneHashApart) {
     EXPECT_EQ(*map.find(second), 2);
 }
 
+TEST(TypeIdMapTest, ErasesByValueAndStillFindsTheRest) {
+    TypeIdMap<std::size_t> map;
+    for (std::size_t i = 0; i < 300; ++i) {
+        map.insert(numbered(i), i);
+    }
+    map.eraseIf([](std::size_t value) { return value % 3 != 1; });
+    ASSERT_EQ(map.size(), 100u);
+    for (std::size_t i = 0; i < 300; ++i) {
+        ASSERT_EQ(map.contains(numbered(i)), i % 3 == 1) << i;
+    }
+    EXPECT_EQ(map[99].typeId, numbered(298));
+    map.insert(numbered(0), 7);
+    EXPECT_EQ(*map.find(numbered(0)), 7u);
+}
+
 TEST(TypeIdMapTest, KeepsTheOrderOfInsertionAndSortsByBytes) {
     TypeIdMap<int> map;
     for (const char* typeId : {"b", "\xC3\xA9", "a-1.0.0", "", "a", "Z"}) {
@@ -66,7 +81,7 @@ TEST(TypeIdMapTest, KeepsTheOrderOfInsertionAndSortsByBytes) {
     }
     EXPECT_EQ(order, "b \xC3\xA9 a-1.0.0  a Z ");
     std::string sorted;
-    for (const auto* entry : std::as_const(map).sorted()) {
+    for (const auto* entry : map.sorted()) {
         sorted += entry->typeId + " ";
     }
     EXPECT_EQ(sorted, " Z a a-1.0.0 b \xC3\xA9 ");

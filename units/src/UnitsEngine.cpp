@@ -151,7 +151,9 @@ UnitsEngine& UnitsEngine::operator=(UnitsEngine&& other) noexcept = default;
 UnitsEngine::~UnitsEngine() = default;
 
 std::set<std::string> UnitsEngine::registerSchema(const std::string& schemaText) {
-    const SchemaDocument document = readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText);
+    JSON::Scratch scratch;
+    const SchemaDocument document =
+        readSchemaDocument(sharedExceptionFactory<ValidationExceptionFactory>(), schemaText, &scratch);
     if (isRegistered(document.typeId)) {
         document.raise(joined({"Schema with typeid ", document.typeId, " is already registered."}));
     }

@@ -1,0 +1,44 @@
+#include "engine/Registry.h"
+
+namespace Parameters {
+
+void Registry::reserveFor(const Registry& other) {
+    AllKinds::forEach([&](auto kind) {
+        auto& items = store<decltype(kind)>();
+        makeRoom(items.finished, items.staged.size() + other.store<decltype(kind)>().finished.size());
+    });
+    places_.reserveMore(other.places_.size());
+}
+
+void Registry::finishPending() noexcept {
+    AllKinds::forEach([&](auto kind) {
+        using Kind = decltype(kind);
+        auto& items = store<Kind>();
+        for (std::size_t i = 0; i < items.pending.size(); ++i) {
+            places_[items.pending[i].entry].value = placeOf<Kind>(false, items.finished.size());
+            items.finished.push_back(std::move(items.staged[i]));
+        }
+        items.clearPending();
+    });
+}
+
+void Registry::dropPending() noexcept {
+    places_.eraseIf([](const ItemPlace& place) { return place.isPending; });
+    AllKinds::forEach([&](auto kind) { store<decltype(kind)>().clearPending(); });
+}
+
+void Registry::takeFinished(Registry& other) noexcept {
+    for (auto& entry : other.places_) {
+        const TypeIdKey key(entry.typeId);
+        if (contains(key)) {
+            continue;
+        }
+        visitKind(entry.value.kind, [&](auto kind) {
+            using Kind = decltype(kind);
+            auto& item = other.store<Kind>().finished[entry.value.position];
+            add<Kind>(store<Kind>().finished, false, std::move(entry.typeId), key.hash, std::move(item));
+        });
+    }
+}
+
+} // namespace Parameters
