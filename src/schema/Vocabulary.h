@@ -170,16 +170,6 @@ inline constexpr std::array<std::string_view, 19> builtInTypeIds = {
 
 /// Few others begin like this.
 inline constexpr std::string_view builtInBeginning = "quovanta.";
-static_assert(
-    [] {
-        for (const std::string_view typeId : builtInTypeIds) {
-            if (typeId.substr(0, builtInBeginning.size()) != builtInBeginning) {
-                return false;
-            }
-        }
-        return true;
-    }(),
-    "what begins otherwise is not compared with each");
 
 } // namespace Vocabulary
 
