@@ -1,5 +1,7 @@
 #include "engine/Registry.h"
 
+#include <algorithm>
+
 namespace Parameters {
 
 void Registry::reserveFor(const Registry& other) {
@@ -23,8 +25,15 @@ void Registry::finishPending() noexcept {
 }
 
 void Registry::dropPending() noexcept {
-    places_.eraseIf([](const ItemPlace& place) { return place.isPending; });
-    AllKinds::forEach([&](auto kind) { store<decltype(kind)>().clearPending(); });
+    std::size_t first = places_.size();
+    AllKinds::forEach([&](auto kind) {
+        auto& items = store<decltype(kind)>();
+        if (!items.pending.empty()) {
+            first = std::min(first, items.pending.front().entry);
+        }
+        items.clearPending();
+    });
+    places_.eraseIf(first, [](const ItemPlace& place) { return place.isPending; });
 }
 
 void Registry::takeFinished(Registry& other) noexcept {

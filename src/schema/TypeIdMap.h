@@ -89,13 +89,15 @@ public:
         place(slots_, Slot{hash, static_cast<std::uint32_t>(entries_.size() - 1)});
     }
 
-    /// Removes the entries for whose values test returns true.
-    template <class Test> void eraseIf(Test test) noexcept {
-        const auto kept =
-            std::remove_if(entries_.begin(), entries_.end(), [&test](const Entry& entry) { return test(entry.value); });
-        entries_.erase(kept, entries_.end());
-        std::fill(slots_.begin(), slots_.end(), Slot{});
-        for (std::size_t i = 0; i < entries_.size(); ++i) {
+    /// Removes the entries from a position on for whose values test returns true.
+    template <class Test> void eraseIf(std::size_t first, Test test) noexcept {
+        const auto begin = entries_.begin() + static_cast<std::ptrdiff_t>(first);
+        for (std::size_t i = first; i < entries_.size(); ++i) {
+            vacate(i);
+        }
+        const auto isErased = [&test](const Entry& entry) { return test(entry.value); };
+        entries_.erase(std::remove_if(begin, entries_.end(), isErased), entries_.end());
+        for (std::size_t i = first; i < entries_.size(); ++i) {
             place(slots_, Slot{hashOfTypeId(entries_[i].typeId), static_cast<std::uint32_t>(i)});
         }
     }
@@ -137,6 +139,22 @@ private:
             }
         }
         slots_ = std::move(slots);
+    }
+
+    /// Empties the slot of an entry, and moves those behind it that only made way.
+    void vacate(std::size_t entry) noexcept {
+        std::size_t gap = hashOfTypeId(entries_[entry].typeId) & mask();
+        while (slots_[gap].entry != entry) {
+            gap = (gap + 1) & mask();
+        }
+        for (std::size_t i = (gap + 1) & mask(); slots_[i].entry != vacant; i = (i + 1) & mask()) {
+            const std::size_t wanted = slots_[i].hash & mask();
+            if (((i - wanted) & mask()) >= ((i - gap) & mask())) {
+                slots_[gap] = slots_[i];
+                gap = i;
+            }
+        }
+        slots_[gap] = Slot{};
     }
 
     static void place(std::vector<Slot>& slots, Slot taken) noexcept {
