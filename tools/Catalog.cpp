@@ -16,29 +16,29 @@ namespace Tool {
 namespace {
 
 /// Registers a document alone, in an engine that knows nothing else and thus reports all its references.
-void registerAlone(Document& document) {
+void registerAlone(Document& document, const DocumentFrame& frame) {
     Parameters::ParametersEngine engine;
     auto [references, units] = engine.registerSchema(document.text);
-    const Json json = parseDocument(document.text);
-    if (json.is_discarded()) {
+    if (!frame.isJson) {
         throw std::invalid_argument("JSON that not every reader takes, such as half a surrogate pair.");
     }
-    document.typeId = textAt(json, "typeid");
     if (!engine.isRegistered(document.typeId)) {
         throw std::invalid_argument("Several typeids, or one with a null character.");
     }
     references.merge(units);
     document.references = std::move(references);
+    document.base = frame.base.dump();
     document.isOfUnits = engine.getUnitsEngine().isRegistered(document.typeId);
 }
 
 /// What speaks against a document by itself; empty for nothing.
 std::string faultOf(Document& document) {
+    const DocumentFrame frame = readFrame(document.text);
+    document.typeId = frame.typeId;
     try {
-        registerAlone(document);
+        registerAlone(document, frame);
         return {};
     } catch (const std::logic_error& exception) {
-        document.typeId = textAt(parseDocument(document.text), "typeid");
         return exception.what();
     }
 }
@@ -46,7 +46,7 @@ std::string faultOf(Document& document) {
 void take(Catalog& catalog, DocumentText source) {
     const std::size_t position = catalog.documents.size();
     Document& document =
-        catalog.documents.emplace_back(Document{std::move(source.origin), std::move(source.text), {}, {}});
+        catalog.documents.emplace_back(Document{std::move(source.origin), std::move(source.text), {}, {}, {}});
     std::string fault = source.fault.empty() ? faultOf(document) : std::move(source.fault);
     if (fault.empty()) {
         const auto [entry, isNew] = catalog.positions.emplace(document.typeId, position);
@@ -61,6 +61,11 @@ void take(Catalog& catalog, DocumentText source) {
 }
 
 } // namespace
+
+bool isBuiltIn(const std::string& typeId) {
+    static const Parameters::ParametersEngine builtInsAlone;
+    return builtInsAlone.isRegistered(typeId);
+}
 
 Catalog loadCatalog(const std::vector<std::string>& paths) {
     Catalog catalog;

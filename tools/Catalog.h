@@ -29,6 +29,8 @@ struct Document {
     std::string text;
     /// Empty in a refused document that has none.
     std::string typeId;
+    /// The base of the frame, as JSON.
+    std::string base;
     /// Typeids that the document itself names, without built-in ones.
     std::set<std::string> references;
     bool isOfUnits = false;
@@ -55,6 +57,9 @@ struct Catalog {
     /// Paths that could not be read, a message each.
     std::vector<std::string> unreadable;
 };
+
+/// Whether the library knows a typeid by itself.
+bool isBuiltIn(const std::string& typeId);
 
 Catalog loadCatalog(const std::vector<std::string>& paths);
 

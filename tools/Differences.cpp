@@ -1,9 +1,9 @@
 #include "Differences.h"
 
+#include "Catalog.h"
 #include "DocumentJson.h"
 
 #include <Parameters/Defaults.h>
-#include <Parameters/ParametersEngine.h>
 
 #include <fmt/core.h>
 
@@ -12,6 +12,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <utility>
 
 namespace Tool {
 
@@ -25,11 +26,6 @@ bool isPrimitiveTypeName(const std::string& text) {
                               Parameters::Defaults::ReferencePrimitiveType(),
                               Parameters::Defaults::StringPrimitiveType()};
     return std::find(names.begin(), names.end(), text) != names.end();
-}
-
-bool isBuiltIn(const std::string& typeId) {
-    static const Parameters::ParametersEngine builtInsAlone;
-    return builtInsAlone.isRegistered(typeId);
 }
 
 std::string_view familyOf(std::string_view typeId) { return typeId.substr(0, typeId.rfind('-')); }
@@ -57,7 +53,15 @@ void collectTypeIds(const Json& json, std::set<std::string>& typeIds) {
 
 class Comparison {
 public:
-    explicit Comparison(const Json& written) : written_(written) { collectTypeIds(written, writtenTypeIds_); }
+    explicit Comparison(const Json& written) : written_(written) {
+        for (const auto& [section, id] : {std::pair{"constants", "spec"}, {"properties", "data"}}) {
+            for (const auto& [memberId, member] : writtenMembers(section)) {
+                if (memberId == id) {
+                    collectTypeIds(*member, specTypeIds_);
+                }
+            }
+        }
+    }
 
     std::vector<std::string> run(const Json& registered) {
         for (const auto& [key, value] : registered.items()) {
@@ -87,7 +91,9 @@ private:
             // Taken out, so that a second member of the same name counts as gone.
             if (const auto counterpart = counterparts.extract(id)) {
                 compareAttributes(label, member, *counterpart.mapped());
-            } else if (!isHeldElsewhere(member)) {
+            } else if (isHeldElsewhere(noun, id, member)) {
+                addGoneAttributes(label, member);
+            } else {
                 addGone(label, member);
             }
         }
@@ -105,12 +111,28 @@ private:
         return result;
     }
 
-    /// Whether a member is a reference and nothing else, which either stands elsewhere or is what the base implies.
-    [[nodiscard]] bool isHeldElsewhere(const Json& member) const {
+    /// Whether what a member refers to stands in another member, or is implied by the base or by its absence.
+    [[nodiscard]] bool isHeldElsewhere(std::string_view noun, std::string_view id, const Json& member) const {
         const auto typedValue = member.find("typedValue");
-        const std::string typeId = textAt(typedValue == member.end() ? member : *typedValue, typeIdKey.data());
-        return member.size() == 2 &&
-               (writtenTypeIds_.count(typeId) != 0 || isBuiltIn(typeId) || isPrimitiveTypeName(typeId));
+        const bool isConstant = noun == "constant";
+        if (isConstant && (typedValue == member.end() || typedValue->size() != 1)) {
+            return false;
+        }
+        const std::string typeId = textAt(isConstant ? *typedValue : member, typeIdKey.data());
+        if (isConstant ? id == "spec" || id == "category" : id == "data") {
+            return isBuiltIn(typeId) || specTypeIds_.count(typeId) != 0;
+        }
+        return isConstant ? (id == "group" || id == "discipline" || id == "range") && isBuiltIn(typeId)
+                          : id == "value" && isPrimitiveTypeName(typeId);
+    }
+
+    /// Of a member whose reference is held elsewhere.
+    void addGoneAttributes(const std::string& label, const Json& member) {
+        for (const auto& [key, value] : member.items()) {
+            if (key != "id" && key != "typedValue" && key != typeIdKey) {
+                addGone(fmt::format("{} {}", label, key), value);
+            }
+        }
     }
 
     void compareAttributes(const std::string& label, const Json& registered, const Json& written) {
@@ -147,7 +169,8 @@ private:
     }
 
     const Json& written_;
-    std::set<std::string> writtenTypeIds_;
+    /// What the member that names the spec of a parameter refers to: the older form puts the category there, too.
+    std::set<std::string> specTypeIds_;
     std::vector<std::string> losses_;
 };
 

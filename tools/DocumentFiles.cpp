@@ -32,10 +32,12 @@ bool hasLinesOfDocuments(const fs::path& file) { return extensionOf(file) == ".j
 
 bool isDocumentFile(const fs::path& file) { return extensionOf(file) == ".json" || hasLinesOfDocuments(file); }
 
+std::string tooLarge() { return fmt::format("Larger than {} MiB.", largestDocument >> 20U); }
+
 /// What speaks against a text, before anybody reads it as JSON; empty for nothing.
 std::string faultOf(std::string_view text) {
     if (text.size() > largestDocument) {
-        return fmt::format("Larger than {} MiB.", largestDocument >> 20U);
+        return tooLarge();
     }
     if (text.find_first_not_of(blanks) == std::string_view::npos) {
         return "Empty.";
@@ -61,10 +63,10 @@ public:
         std::error_code error;
         const fs::file_status status = fs::status(path, error);
         if (fs::is_directory(status)) {
-            const std::size_t before = files_.size() + unreadable_.size();
+            const std::size_t before = met_ + unreadable_.size();
             searched_.clear();
             addFolder(path);
-            if (files_.size() + unreadable_.size() == before) {
+            if (met_ + unreadable_.size() == before) {
                 refuse(path, "holds no .json or .jsonl files");
             }
         } else if (fs::exists(status) && !isDocumentFile(path)) {
@@ -113,12 +115,18 @@ private:
         } else if (!fs::is_regular_file(status)) {
             refuse(file, "is no regular file");
         } else {
-            files_.push_back(file);
+            ++met_;
+            if (taken_.insert(fs::canonical(file, error)).second) {
+                files_.push_back(file);
+            }
         }
     }
 
     std::vector<std::string>& unreadable_;
     std::vector<fs::path> files_;
+    /// The same without links, so that each is read once, on however many paths it is met.
+    std::set<fs::path> taken_;
+    std::size_t met_ = 0;
     /// Folders behind the path at hand, without links: these may lead to a folder twice, or back to where they stand.
     std::set<fs::path> searched_;
 };
@@ -173,6 +181,8 @@ void readFile(const fs::path& file, std::vector<DocumentText>& documents) {
     stream.open(file, std::ios::binary);
     if (hasLinesOfDocuments(file)) {
         readLines(*stream.rdbuf(), file.string(), documents);
+    } else if (fs::file_size(file) > largestDocument) {
+        documents.push_back({{file.string()}, {}, tooLarge()});
     } else {
         std::string text;
         readPiece(*stream.rdbuf(), std::nullopt, text);
@@ -197,7 +207,7 @@ DocumentFiles readDocumentFiles(const std::vector<std::string>& paths) {
     for (const fs::path& file : search.files()) {
         try {
             readFile(file, result.documents);
-        } catch (const std::ios_base::failure&) {
+        } catch (const std::system_error&) {
             result.unreadable.push_back(
                 fmt::format("{} cannot be read: {}.", printable(file.string()), std::strerror(errno)));
         }

@@ -31,7 +31,7 @@ struct DocumentFiles {
 };
 
 /// Reads .json files (a document each), .jsonl files (a document a line) and folders of them, which may hold folders.
-/// A folder that links lead to again is read once for each path.
+/// A file is read once, also where several paths or links lead to it.
 DocumentFiles readDocumentFiles(const std::vector<std::string>& paths);
 
 } // namespace Tool

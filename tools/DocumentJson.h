@@ -12,6 +12,17 @@ using Json = nlohmann::ordered_json;
 /// A document's text as JSON; discarded if it is none.
 Json parseDocument(const std::string& text);
 
+/// What can be told of a document without a tree of its text, which takes long and much room if the text is hostile.
+struct DocumentFrame {
+    bool isJson = false;
+    /// Empty if there is none.
+    std::string typeId;
+    /// What tells of which kind the document is: its bases, its specification and its type.
+    Json base = Json::object();
+};
+
+DocumentFrame readFrame(const std::string& text);
+
 /// The text at a key; empty if there is none.
 std::string textAt(const Json& object, const char* key);
 

@@ -6,6 +6,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -34,8 +36,9 @@ void printLosses(const Document& document, const std::string& written) {
 struct Export {
     /// Texts that differ from the registered ones, by the documents that they are for.
     std::vector<std::pair<const Document*, std::string>> rewritten;
-    /// What cannot be represented, a message each.
-    std::vector<std::string> refused;
+    /// What cannot be represented, a message each by typeid.
+    std::map<std::string, std::string> refused;
+    std::vector<const Document*> written;
 };
 
 Export addAll(OutputFolder& output, const Catalog& catalog, Parameters::DataModelVersion version) {
@@ -47,12 +50,21 @@ Export addAll(OutputFolder& output, const Catalog& catalog, Parameters::DataMode
                 result.rewritten.emplace_back(item.document, text);
             }
             output.add(typeId, std::move(text));
+            result.written.push_back(item.document);
         } catch (const Parameters::ValidationException& exception) {
-            result.refused.push_back(
-                fmt::format("{}: {}: {}", wordsFor(item.document->origin), printable(typeId), exception.what()));
+            result.refused.emplace(typeId, fmt::format("{}: {}: {}", wordsFor(item.document->origin), printable(typeId),
+                                                       exception.what()));
         }
     }
     return result;
+}
+
+std::size_t countIncomplete(const Export& result) {
+    return static_cast<std::size_t>(
+        std::count_if(result.written.begin(), result.written.end(), [&](const Document* document) {
+            return std::any_of(document->references.begin(), document->references.end(),
+                               [&](const std::string& typeId) { return result.refused.count(typeId) != 0; });
+        }));
 }
 
 Status exportCatalog(const ExportOptions& options) {
@@ -66,8 +78,11 @@ Status exportCatalog(const ExportOptions& options) {
             printLosses(*document, text);
         }
     }
-    for (const std::string& message : result.refused) {
+    for (const auto& [typeId, message] : result.refused) {
         fmt::print("{}\n", message);
+    }
+    if (const std::size_t count = countIncomplete(result); count != 0) {
+        fmt::print("Documents written that refer to ones that cannot be represented: {}.\n", count);
     }
     fmt::print("{} in {} for data model {}, {} of them rewritten; {} cannot be represented.\n",
                counted(output.size(), "document"), printable(output.name()), options.version, result.rewritten.size(),

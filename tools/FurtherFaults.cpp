@@ -3,193 +3,302 @@
 #include "DocumentJson.h"
 #include "Progress.h"
 
-#include <Parameters/Defaults.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <optional>
+#include <set>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 
 namespace Tool {
 
 namespace {
 
 using Parameters::ParametersEngine;
-using TypeIds = std::set<std::string>;
 using Messages = std::vector<std::string>;
-/// Of what kind typeids seem to be, as a position in the table of stand-ins. Kept from document to document, because
-/// most of those that refer to a typeid agree on that.
+/// By role the position in the table of bases of the kind that the role seems to ask for. Kept from document to
+/// document, because most agree on that.
 using Guesses = std::map<std::string, std::size_t>;
 
-// Each registers something of a kind under a typeid, finished at once.
+constexpr std::size_t mostFaultsTold = 100;
+/// Documents refer in a handful of roles to a handful of kinds.
+constexpr std::size_t mostKindsOfReferences = 100;
 
-constexpr const char* name = "stand-in";
-constexpr auto format = Units::SchemaFormat::PropertySets;
+/// Bases of the kinds that documents refer to, the most usual first.
+constexpr std::array bases = {"quovanta.parameter:group-1.0.0",
+                              "quovanta.spec:spec-1.0.0",
+                              "quovanta.talmo.category:majorCategory-1.0.0",
+                              "quovanta.spec:discipline-1.0.0",
+                              "quovanta.unit:unit-1.0.0",
+                              "quovanta.talmo.category:domain-1.0.0",
+                              "quovanta.range:range.int64.bounded.static-1.0.0",
+                              "quovanta.range:range.float64.bounded.static-1.0.0",
+                              "quovanta.range:range.string.regex-1.0.0",
+                              "quovanta.unit:dimension-1.0.0",
+                              "Enum"};
 
-void standInAsGroup(ParametersEngine& engine, const std::string& typeId) {
-    engine.registerGroup({typeId, name, format});
+std::string baseOf(const char* typeId) { return Json{{"inherits", Json::array({typeId})}}.dump(); }
+
+/// A document with all that any kind requires: the base decides of which it is. What it refers to, under the typeids
+/// domain, major, unit and spec, stands in prepared().
+std::string standIn(const std::string& typeId, const std::string& base) {
+    static const Json body = Json::parse(R"({
+        "constants": [{"id": "name", "value": "N"}, {"id": "domain", "typedValue": {"typeid": "domain"}},
+                      {"id": "parent", "typedValue": {"typeid": "major"}},
+                      {"id": "category", "typedValue": {"typeid": "major"}},
+                      {"id": "storageUnit", "typedValue": {"typeid": "unit"}},
+                      {"id": "spec", "typedValue": {"typeid": "spec"}},
+                      {"id": "fromBottom", "value": false}, {"id": "bottomBoundary", "value": 0},
+                      {"id": "fromTop", "value": false}, {"id": "topBoundary", "value": 0},
+                      {"id": "allowedValues", "value": ["N"]}, {"id": "regex", "value": "N"}],
+        "properties": [{"id": "value", "typeid": "String", "value": 0}, {"id": "data", "typeid": "spec", "value": 0}],
+        "enum": [{"id": "N", "value": 0}]})");
+    Json document = parseDocument(base);
+    document["typeid"] = typeId;
+    document.update(body);
+    return document.dump();
 }
 
-void standInAsSpec(ParametersEngine& engine, const std::string& typeId) {
-    engine.registerSpec({typeId, name, Parameters::LegacyPrimitiveType::String, std::nullopt, format,
-                         Parameters::Defaults::CreateDefaultDiscipline(format)});
-}
-
-/// A major one, which is also fit for a parent.
-void standInAsCategory(ParametersEngine& engine, const std::string& typeId) {
-    const Parameters::Taxon domain(typeId + " domain", name, format);
-    engine.registerDomain(domain);
-    engine.registerCategory({typeId, name, Parameters::MajorCategoryComponent(domain, {}), format});
-}
-
-void standInAsDiscipline(ParametersEngine& engine, const std::string& typeId) {
-    engine.registerDiscipline({typeId, name, format});
-}
-
-void standInAsUnit(ParametersEngine& engine, const std::string& typeId) {
-    const Json document = {{"typeid", typeId},
-                           {"inherits", Json::array({"quovanta.unit:unit-1.0.0"})},
-                           {"constants", Json::array({{{"id", "name"}, {"value", name}}})}};
-    engine.registerSchema(document.dump());
-    engine.resolveSchemas();
-}
-
-void standInAsDomain(ParametersEngine& engine, const std::string& typeId) {
-    engine.registerDomain({typeId, name, format});
-}
-
-void standInAsEnumeration(ParametersEngine& engine, const std::string& typeId) {
-    engine.registerEnumeration({typeId, {{name, 0}}, format});
-}
-
-void standInAsFloatRange(ParametersEngine& engine, const std::string& typeId) {
-    engine.registerFloatRange({typeId, false, 0, false, 0, format});
-}
-
-void standInAsIntRange(ParametersEngine& engine, const std::string& typeId) {
-    engine.registerIntRange({typeId, false, 0, false, 0, format});
-}
-
-void standInAsStringRange(ParametersEngine& engine, const std::string& typeId) {
-    engine.registerStringRange({typeId, Parameters::RegexStringRangeComponent(""), format});
-}
-
-/// The kinds that documents other than those of units refer to, the most usual first.
-constexpr std::array standIns = {standInAsGroup,       standInAsSpec,       standInAsCategory, standInAsDiscipline,
-                                 standInAsUnit,        standInAsDomain,     standInAsIntRange, standInAsFloatRange,
-                                 standInAsStringRange, standInAsEnumeration};
-
-TypeIds namedIn(const std::string& message, const TypeIds& typeIds) {
-    TypeIds named;
-    std::copy_if(typeIds.begin(), typeIds.end(), std::inserter(named, named.end()),
-                 [&](const std::string& typeId) { return message.find(typeId) != std::string::npos; });
-    return named;
-}
-
-/// Only what the document needs, so that trying costs the same in any catalog.
-ParametersEngine engineWithReferencesOf(const Document& document, const TypeIds& leftOut, const Catalog& catalog) {
-    ParametersEngine engine;
-    TypeIds met = leftOut;
-    std::vector<const Document*> open = {&document};
-    while (!open.empty()) {
-        const Document& referrer = *open.back();
-        open.pop_back();
-        for (const std::string& typeId : referrer.references) {
-            if (met.insert(typeId).second) {
-                open.push_back(&catalog.documents[catalog.positions.at(typeId)]);
-                engine.registerSchema(open.back()->text);
-            }
+const ParametersEngine& prepared() {
+    static const ParametersEngine result = [] {
+        ParametersEngine engine;
+        for (const auto& [typeId, base] : {std::pair{"domain", "quovanta.talmo.category:domain-1.0.0"},
+                                           {"major", "quovanta.talmo.category:majorCategory-1.0.0"},
+                                           {"unit", "quovanta.unit:unit-1.0.0"},
+                                           {"spec", "quovanta.spec:spec-1.0.0"}}) {
+            engine.registerSchema(standIn(typeId, baseOf(base)));
         }
-    }
-    engine.resolveSchemas();
-    return engine;
+        engine.resolveSchemas();
+        return engine;
+    }();
+    return result;
 }
 
-/// What resolution has against a document whatever its doubtful references may turn out to be: for them stands
-/// whatever fits. Empty for nothing, and where that cannot be told.
-std::string faultBeside(const TypeIds& doubtful, const Document& document, const Catalog& catalog, Guesses& guesses) {
-    std::map<std::string, std::size_t> tries;
-    try {
-        const ParametersEngine references = engineWithReferencesOf(document, doubtful, catalog);
-        while (true) {
-            ParametersEngine engine = references;
-            for (const std::string& typeId : doubtful) {
-                standIns.at(guesses[typeId])(engine, typeId);
-            }
-            engine.registerSchema(document.text);
-            try {
-                engine.resolveSchemas();
-                return {};
-            } catch (const Parameters::ValidationException& exception) {
-                const TypeIds misfits = namedIn(exception.what(), doubtful);
-                if (misfits.empty()) {
-                    return exception.what();
+/// References of one document that resolution treats alike: in one role, to documents of one base. One stands for all
+/// of them, under a typeid of its own, by which messages are known to speak of it.
+struct References {
+    std::string role;
+    std::set<std::string> typeIds;
+    std::string mark;
+    Json* place = nullptr;
+    /// Of the document in their place; none for a built-in typeid as long as it may stand for itself.
+    std::optional<std::string> base;
+    /// Whether their faults are known, so that whatever fits may stand in their place.
+    bool isTold = false;
+    std::size_t guesses = 0;
+};
+
+/// A document with its references, those that are alike reduced to one.
+class Examination {
+public:
+    Examination(const Document& document, const Catalog& catalog, Guesses& guesses)
+        : document_(document), catalog_(catalog), guesses_(guesses), json_(parseDocument(document.text)) {
+        for (const std::string text = json_.dump(); text.find(separator_) != std::string::npos;) {
+            separator_ += '\x7F';
+        }
+        reduce(json_);
+    }
+
+    /// Adds what resolution has against the document to the faults that are known.
+    void run(Messages& faults) {
+        if (all_.size() > mostKindsOfReferences) {
+            return;
+        }
+        for (std::string fault = resolve(); !fault.empty(); fault = resolve()) {
+            References* const culprit = culpritOf(fault);
+            if (culprit == nullptr) {
+                // Resolution comes to the document itself when its references are in order.
+                if (std::find(faults.begin(), faults.end(), fault) == faults.end()) {
+                    faults.push_back(fault);
                 }
-                std::size_t& guess = guesses[*misfits.begin()];
-                guess = (guess + 1) % standIns.size();
-                if (++tries[*misfits.begin()] == standIns.size()) {
-                    return {};
+                break;
+            }
+            std::size_t& guess = guesses_[culprit->role];
+            if (!culprit->isTold) {
+                tell(fault, *culprit, faults);
+            } else if (++culprit->guesses < bases.size()) {
+                guess = (guess + 1) % bases.size();
+            } else {
+                break;
+            }
+            culprit->base = baseOf(bases.at(guess));
+        }
+        if (hasUntold_) {
+            faults.emplace_back("Has further faults like these.");
+        }
+    }
+
+private:
+    /// Collects the references, and leaves out elements of arrays that only repeat what others stand for.
+    ///
+    /// @return whether the object itself is such an element.
+    bool reduce(Json& json, std::size_t depth = 0) {
+        const std::size_t roleSize = role_.size();
+        bool isRepetition = false;
+        if (json.is_array()) {
+            Json kept = Json::array();
+            for (Json& element : json) {
+                if (!reduce(element, depth + 1)) {
+                    kept.push_back(std::move(element));
+                }
+            }
+            json = std::move(kept);
+        } else if (json.is_object()) {
+            role_ += '/' + textAt(json, "id");
+            for (auto& [key, value] : json.items()) {
+                if (depth != 0 && key == "typeid" && value.is_string()) {
+                    isRepetition = !take(value) && json.size() == 1;
+                } else {
+                    const std::size_t size = role_.size();
+                    role_ += '/' + key;
+                    reduce(value, depth + 1);
+                    role_.resize(size);
                 }
             }
         }
-    } catch (const std::logic_error&) {
-        // What stands in is itself in the way.
-        return {};
+        role_.resize(roleSize);
+        return isRepetition;
     }
-}
 
-/// The references of a document that are not finished, and those that its faults name.
-TypeIds doubtfulReferencesOf(const Document& document, const Messages& faults, const Catalog& catalog) {
-    TypeIds doubtful;
-    for (const std::string& fault : faults) {
-        doubtful.merge(namedIn(fault, document.references));
+    /// @return whether it is the first of its like, or no reference.
+    bool take(Json& place) {
+        const auto& typeId = place.get_ref<const std::string&>();
+        const auto target = catalog_.positions.find(typeId);
+        const bool isOfCatalog = document_.references.count(typeId) != 0 || typeId == document_.typeId;
+        const bool isMissing = isOfCatalog && target == catalog_.positions.end();
+        if (!isOfCatalog && !isBuiltIn(typeId)) {
+            return true;
+        }
+        const std::string like = isMissing ? "" : isOfCatalog ? catalog_.documents[target->second].base : typeId;
+        const auto [entry, isFirst] = positions_.emplace(std::pair(role_, like), all_.size());
+        if (isFirst) {
+            References& references = all_.emplace_back();
+            references.role = role_;
+            references.mark = typeId + separator_ + std::to_string(all_.size()) + separator_;
+            references.place = &place;
+            references.isTold = isMissing;
+            if (isOfCatalog) {
+                references.base = isMissing ? baseOf(bases.at(guesses_[role_])) : like;
+            }
+        }
+        all_[entry->second].typeIds.insert(typeId);
+        if (isFirst && isOfCatalog) {
+            place = all_.back().mark;
+        }
+        return isFirst;
     }
-    for (const std::string& typeId : document.references) {
-        const auto entry = catalog.positions.find(typeId);
-        if (entry == catalog.positions.end() || catalog.documents[entry->second].state != DocumentState::Finished) {
-            doubtful.insert(typeId);
+
+    [[nodiscard]] std::string resolve() const {
+        ParametersEngine engine = prepared();
+        for (const References& references : all_) {
+            if (references.base) {
+                engine.registerSchema(standIn(references.mark, *references.base));
+            }
+        }
+        engine.registerSchema(json_.dump());
+        try {
+            engine.resolveSchemas();
+            return {};
+        } catch (const Parameters::ValidationException& exception) {
+            return exception.what();
         }
     }
-    return doubtful;
-}
 
-/// Those beside the faults that are known. Each makes the references that it names doubtful, too.
-Messages furtherFaultsOf(const Document& document, const Messages& faults, const Catalog& catalog, Guesses& guesses) {
-    Messages found;
-    TypeIds doubtful = doubtfulReferencesOf(document, faults, catalog);
-    // If no reference is doubtful, resolution would tell again what is known.
-    for (bool goesOn = !doubtful.empty(); goesOn;) {
-        const std::string fault = faultBeside(doubtful, document, catalog, guesses);
-        TypeIds culprits = namedIn(fault, document.references);
-        goesOn = !culprits.empty();
-        doubtful.merge(culprits);
-        if (!fault.empty()) {
-            found.push_back(fault);
+    static bool isAbout(const std::string& fault, const References& references) {
+        return fault.find(references.mark) != std::string::npos;
+    }
+
+    /// The references that a fault is about; null if it is about the document itself.
+    References* culpritOf(std::string& fault) {
+        const auto marked = std::find_if(all_.begin(), all_.end(),
+                                         [&](const References& references) { return isAbout(fault, references); });
+        if (marked != all_.end()) {
+            return &*marked;
+        }
+        // A built-in typeid is the culprit if the fault is about whatever takes its place.
+        for (References& references : all_) {
+            if (references.base) {
+                continue;
+            }
+            const std::string builtIn = *references.typeIds.begin();
+            *references.place = references.mark;
+            const std::string other = resolve();
+            const std::size_t position = other.find(references.mark);
+            if (position != std::string::npos &&
+                std::string(other).replace(position, references.mark.size(), builtIn) == fault) {
+                fault = other;
+                return &references;
+            }
+            *references.place = builtIn;
+        }
+        return nullptr;
+    }
+
+    /// Adds a fault for each of the references, unless it is known.
+    void tell(const std::string& fault, References& references, Messages& faults) {
+        references.isTold = true;
+        const std::string_view before = std::string_view(fault).substr(0, fault.find(references.mark));
+        const std::string_view behind = std::string_view(fault).substr(before.size() + references.mark.size());
+        std::set<std::string> untold = references.typeIds;
+        for (const std::string& known : faults) {
+            const std::size_t rest = before.size() + behind.size();
+            if (known.size() > rest && known.compare(0, before.size(), before) == 0 &&
+                known.compare(known.size() - behind.size(), behind.size(), behind) == 0) {
+                untold.erase(known.substr(before.size(), known.size() - rest));
+            }
+        }
+        for (const std::string& typeId : untold) {
+            if (told_ == mostFaultsTold) {
+                hasUntold_ = true;
+                break;
+            }
+            faults.push_back(fmt::format("{}{}{}", before, typeId, behind));
+            ++told_;
         }
     }
-    return found;
-}
+
+    const Document& document_;
+    const Catalog& catalog_;
+    Guesses& guesses_;
+    Json json_;
+    /// Stands in no text of the document.
+    std::string separator_ = "\x7F";
+    /// Of the place at hand: the keys and ids on the way there.
+    std::string role_;
+    std::vector<References> all_;
+    /// By role and base, or built-in typeid.
+    std::map<std::pair<std::string, std::string>, std::size_t> positions_;
+    std::size_t told_ = 0;
+    bool hasUntold_ = false;
+};
 
 } // namespace
 
 void reportFurtherFaults(Catalog& catalog) {
-    std::map<std::size_t, Messages> faults;
+    std::map<std::size_t, Messages> known;
     for (const Fault& fault : catalog.faults) {
-        faults[fault.document].push_back(fault.message);
+        known[fault.document].push_back(fault.message);
     }
     Guesses guesses;
     Progress progress("Looking further", catalog.documents.size());
     for (std::size_t position = 0; position < catalog.documents.size(); ++position) {
         progress.advance();
         Document& document = catalog.documents[position];
-        const bool isOpen = document.state == DocumentState::Faulty || document.state == DocumentState::Blocked;
-        // A document of units has one reference at most.
-        if (!isOpen || document.isOfUnits) {
+        if (document.state != DocumentState::Faulty && document.state != DocumentState::Blocked) {
             continue;
         }
-        for (const std::string& message : furtherFaultsOf(document, faults[position], catalog, guesses)) {
-            catalog.faults.push_back({position, message});
+        Messages& faults = known[position];
+        const std::size_t before = faults.size();
+        try {
+            Examination(document, catalog, guesses).run(faults);
+        } catch (const std::logic_error&) {
+            // What stands in is itself refused, which only contrived documents bring about.
+        }
+        for (std::size_t number = before; number < faults.size(); ++number) {
+            catalog.faults.push_back({position, std::move(faults[number])});
             document.state = DocumentState::Faulty;
         }
     }

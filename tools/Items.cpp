@@ -69,7 +69,7 @@ std::string wordsFor(Parameters::DataModelVersion version) {
 }
 
 std::string formatOf(const Document& document) {
-    return parseDocument(document.text).contains("schemaSpecification") ? "LumarDataSchema" : "PropertySets";
+    return parseDocument(document.base).contains("schemaSpecification") ? "LumarDataSchema" : "PropertySets";
 }
 
 } // namespace Tool

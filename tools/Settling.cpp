@@ -107,7 +107,7 @@ void reportBlockades(Catalog& catalog) {
         const Document& document = catalog.documents[position];
         if (document.state == DocumentState::Blocked) {
             catalog.blockades.push_back(
-                {position, fmt::format("Has no fault by itself, but refers to {}, which cannot be loaded.",
+                {position, fmt::format("Has no fault that shows, but refers to {}, which cannot be loaded.",
                                        *blockingReferenceOf(document, catalog))});
         }
     }

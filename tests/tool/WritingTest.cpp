@@ -27,6 +27,7 @@ TEST(ExportCommand, WritesWhatAnOlderModelReadsAndListsTheRest) {
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.output, HasSubstr("examples/catalog/specs/setpoint.json: acme.building:spec.setpoint-1.0.0: Cannot "
                                       "represent schema in requested format.\n"));
+    EXPECT_THAT(run.output, HasSubstr("\nDocuments written that refer to ones that cannot be represented: 3.\n"));
     EXPECT_THAT(run.output, Not(HasSubstr("no longer holds")));
     EXPECT_THAT(contentsOf(folder.path("out/acme.building_domain.electrical-1.0.0.json")),
                 testing::StartsWith(R"({"downgradedFrom":"3.0.0",)"));
@@ -49,6 +50,24 @@ TEST(ExportCommand, TellsWhatTheOlderTextNoLongerHolds) {
               R"({"downgradedFrom":"3.0.0","typeid":"test:rich/../../x-1.0.0",)"
               R"("inherits":["quovanta.spec:discipline-1.0.0"],"constants":[{"id":"name","value":"N"}]})"
               "\n");
+}
+
+TEST(ExportCommand, TellsReferencesFromTheirLikesThatMove) {
+    const TemporaryFolder folder;
+    const std::string frame = R"({"schemaSpecification":"lumar-data-schema-2.0.0","typeid":"test:)";
+    folder.write("a.jsonl",
+                 frame + R"(s","inherits":["quovanta.spec:spec-2.0.0"],"constants":[{"id":"name","value":"N"}],)" +
+                     R"("properties":[{"id":"value","typeid":"String"}]})" + '\n' + frame +
+                     R"(p","inherits":["quovanta.parameter:parameter-3.0.0"],"constants":[{"id":"name","value":"N"},)" +
+                     R"({"id":"seeAlso","typedValue":{"typeid":"test:s"}}],)" +
+                     R"("properties":[{"id":"data","typeid":"test:s","note":1},{"id":"extra","typeid":"String"}]})");
+    EXPECT_EQ(runTool({"export", "a.jsonl", "--data-model", "1.0.0", "--out", "out"}, folder.path()).output,
+              R"(a.jsonl:2: test:p, rewritten, no longer holds all:
+  gone:    constant "seeAlso": {"id":"seeAlso","typedValue":{"typeid":"test:s"}}
+  gone:    property "data" note: 1
+  gone:    property "extra": {"id":"extra","typeid":"String"}
+2 documents in out for data model 1.0.0, 2 of them rewritten; 0 cannot be represented.
+)");
 }
 
 TEST(ExportCommand, OverwritesOnlyWhenForced) {
