@@ -36,7 +36,7 @@ public:
 
 using Encoding = rapidjson::UTF8<>;
 using Pool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;
-using Document = rapidjson::GenericDocument<Encoding, Pool, Pool>;
+using Document = rapidjson::GenericDocument<Encoding, Pool, ThrowingAllocator>;
 using Value = rapidjson::GenericValue<Encoding, Pool>;
 using Reader = rapidjson::GenericReader<Encoding, Encoding, ThrowingAllocator>;
 
@@ -171,7 +171,7 @@ struct JSON::Tree {
     ThrowingAllocator memory;
     Pool pool;
     bool isInScratch;
-    Document document{&pool, stackSize, &pool};
+    Document document{&pool, stackSize, &memory};
 
     static constexpr std::size_t poolBlock = 64 * 1024;
     static constexpr std::size_t stackSize = 1024;
