@@ -1,6 +1,5 @@
 #include "support/Documents.h"
 #include "support/Expectations.h"
-#include "support/MemoryShortage.h"
 
 #include <Parameters/ParametersEngine.h>
 
@@ -36,15 +35,6 @@ TEST(DirectRegistrationTest, FinishesAtOnceOrIsUndone) {
         EXPECT_EQ((engine.*get)("a").getSchemaFormat(), Format::LumarDataSchema);
         EXPECT_EQ((engine.*get)(opaque).getName(), "B");
         EXPECT_EQ((engine.*getAll)().size(), 2u);
-
-        const Taxon taxon("acme.building:x-1.0.0", "X", Format::PropertySets);
-        failEachAllocation([] { return ParametersEngine(); },
-                           [&, add = add](ParametersEngine& fresh) { (fresh.*add)(taxon); },
-                           [&, add = add, getAll = getAll](ParametersEngine& fresh) {
-                               EXPECT_FALSE(fresh.isRegistered("acme.building:x-1.0.0"));
-                               (fresh.*add)(taxon);
-                               EXPECT_EQ((fresh.*getAll)().size(), 1u);
-                           });
     }
 }
 

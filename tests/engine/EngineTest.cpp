@@ -1,6 +1,5 @@
 #include "support/Documents.h"
 #include "support/Expectations.h"
-#include "support/MemoryShortage.h"
 
 #include <Parameters/ParametersEngine.h>
 
@@ -143,24 +142,6 @@ TEST(EngineTest, CopiesAndMovesEverythingAndSharesNothing) {
     taken = std::move(target);
     expectAllStates(taken);
     expectAllStates(source);
-}
-
-TEST(EngineTest, IsUnchangedByAnAssignmentForWhichMemoryDoesNotSuffice) {
-    const ParametersEngine source = engineInAllStates();
-    const auto makeTarget = [] {
-        ParametersEngine target;
-        target.registerGroup(Taxon("old", "Old", Format::PropertySets));
-        target.registerSchema(Documents::dimension("old dimension", "Old"));
-        return target;
-    };
-    failEachAllocation(
-        makeTarget, [&](ParametersEngine& target) { target = source; },
-        [](ParametersEngine& target) {
-            EXPECT_FALSE(target.isRegistered("finished") || target.isRegistered("pending"));
-            EXPECT_FALSE(target.isRegistered(length));
-            EXPECT_EQ(target.getGroup("old").getName(), "Old");
-            EXPECT_TRUE(target.isRegistered("old dimension"));
-        });
 }
 
 } // namespace

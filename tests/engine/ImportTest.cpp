@@ -8,10 +8,6 @@ namespace {
 using namespace Documents;
 using TypeIds = std::set<std::string>;
 
-std::string ranged(const std::string& group, const std::string& spec) {
-    return older(".ranged.int64-1", "," + reference("range", "ints") + "," + reference("group", group), spec);
-}
-
 TEST(ImportTest, BringsAlongWhatIsNeededAndNotYetThere) {
     const ParametersEngine context = parameterWorkshop();
     ParametersEngine engine;

@@ -1,6 +1,5 @@
 #include "support/Documents.h"
 #include "support/Expectations.h"
-#include "support/MemoryShortage.h"
 
 #include <Parameters/ParametersEngine.h>
 
@@ -80,19 +79,6 @@ TEST(IntakeTest, RefusesFaultyDocumentsAndStaysAsItWas) {
     engine.resolveSchemas();
     EXPECT_EQ(kindsOf(engine, "x"), "discipline");
     EXPECT_EQ(kindsOf(engine, "pending"), "group");
-}
-
-TEST(IntakeTest, IsUnchangedByADocumentForWhichMemoryDoesNotSuffice) {
-    for (const std::string& text : {Documents::group("x", "X"), Documents::unit("x", "X", "length")}) {
-        failEachAllocation(
-            [] { return ParametersEngine(); }, [&](ParametersEngine& engine) { engine.registerSchema(text); },
-            [&](ParametersEngine& engine) {
-                EXPECT_FALSE(engine.isRegistered("x"));
-                engine.resolveSchemas();
-                engine.registerSchemas({{"length", Documents::dimension("length", "Length")}, {"x", text}});
-                EXPECT_EQ(engine.getSchema("x"), text);
-            });
-    }
 }
 
 TEST(IntakeTest, TellsWhichDimensionOfAUnitIsMissing) {

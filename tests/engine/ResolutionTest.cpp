@@ -1,6 +1,5 @@
 #include "support/Documents.h"
 #include "support/Expectations.h"
-#include "support/MemoryShortage.h"
 
 #include <Parameters/ParametersEngine.h>
 
@@ -55,30 +54,6 @@ TEST(ResolutionTest, LeavesWhatIsPendingAloneIfTheUnitsAreAtFault) {
     engine.registerSchema(Documents::group("length", "Length"));
     engine.registerSchema(Documents::unit("metre", "Metre", "length"));
     EXPECT_THROWS(engine.resolveSchemas(), ValidationException, missingLength) << "a group is no dimension";
-}
-
-TEST(ResolutionTest, KeepsFinishedItemsIfMemoryDoesNotSuffice) {
-    const std::map<std::string, std::string> texts = {{"group", Documents::group("group", "Group")},
-                                                      {"length", Documents::dimension("length", "Length")},
-                                                      {"metre", Documents::unit("metre", "Metre", "length")}};
-    const auto makeEngine = [&] {
-        ParametersEngine engine;
-        engine.registerSchemas({{"finished", Documents::discipline("finished", "Finished")}});
-        for (const auto& [typeId, text] : texts) {
-            engine.registerSchema(text);
-        }
-        return engine;
-    };
-    failEachAllocation(
-        makeEngine, [](ParametersEngine& engine) { engine.resolveSchemas(); },
-        [&](ParametersEngine& engine) {
-            EXPECT_EQ(engine.getSchema("finished"), Documents::discipline("finished", "Finished"));
-            EXPECT_TRUE(engine.getAllGroups().empty());
-            engine.registerSchemas(texts);
-            for (const auto& [typeId, text] : texts) {
-                EXPECT_EQ(engine.getSchema(typeId), text);
-            }
-        });
 }
 
 } // namespace

@@ -17,15 +17,17 @@ public:
 
 /// Runs the action on a fresh subject again and again, with one more allocation that succeeds each time, until it has
 /// enough. After each run that failed for want of memory the check looks at what that has left of the subject.
+///
+/// @return the subject of the run that succeeded.
 template <class Make, class Action, class Check>
-void failEachAllocation(const Make& make, const Action& action, const Check& check) {
+auto failEachAllocation(const Make& make, const Action& action, const Check& check) {
     for (std::size_t successes = 0;; ++successes) {
         SCOPED_TRACE("after " + std::to_string(successes) + " allocations");
         auto subject = make();
         try {
             const MemoryShortage shortage(successes);
             action(subject);
-            break;
+            return subject;
         } catch (const std::bad_alloc&) {
         }
         check(subject);

@@ -22,6 +22,11 @@ inline std::string newer(const std::string& form, const std::string& constants =
     return fullForm("x", "quovanta.parameter:parameter" + form, name + constants, data(spec));
 }
 
+/// A parameter that refers to objects of three kinds and, through the spec "distance" of the workshop, to units.
+inline std::string ranged(const std::string& group = "group", const std::string& spec = "distance") {
+    return older(".ranged.int64-1", "," + reference("range", "ints") + "," + reference("group", group), spec);
+}
+
 } // namespace Documents
 
 namespace Parameters {

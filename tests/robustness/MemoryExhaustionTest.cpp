@@ -1,0 +1,251 @@
+#include "support/MemoryShortage.h"
+#include "support/ParameterDocuments.h"
+
+#include <Parameters/Defaults.h>
+
+#include <functional>
+
+namespace Parameters {
+namespace {
+
+using namespace Documents;
+using Answers = std::map<std::string, std::string>;
+
+/// What is pending in the engine under test, in the order of its registration.
+const Answers pendingTexts = {{"pending group", group("pending group", "G")},
+                              {"pending length", dimension("pending length", "L")},
+                              {"pending metre", unit("pending metre", "M", "pending length")},
+                              {"pending sub", shortForm("pending sub", "quovanta.talmo.category:subCategory-1.0.0",
+                                                        nameConstant("S") + "," + reference("parent", "m"))}};
+
+/// Finished objects of all kinds, units and pending schemas; none of them imported.
+ParametersEngine loadedEngine() {
+    ParametersEngine engine = parameterWorkshop();
+    engine.registerStringRange({"strings", RegexStringRangeComponent("a+"), Format::PropertySets});
+    engine.registerParameter({"parameter", "P", engine.getSpec("Int64"), engine.getGroup("group"),
+                              engine.getIntRange("ints"), "", "", false});
+    for (const auto& pending : pendingTexts) {
+        engine.registerSchema(pending.second);
+    }
+    return engine;
+}
+
+/// All that can be asked of an engine, as it is.
+Answers answersNow(const ParametersEngine& engine) {
+    Answers answers;
+    for (const auto& object : objectsIn(engine)) {
+        answers[object.first] = engine.getSchema(object.first);
+    }
+    for (const auto& entry : engine.getUnitsEngine().getAllUnits()) {
+        answers[entry.first] = engine.getSchema(entry.first);
+    }
+    for (const std::string typeId : {"x", "length", "pending group", "pending length", "pending metre", "pending sub",
+                                     "new length", "new metre"}) {
+        answers.emplace(typeId, engine.isRegistered(typeId) ? "registered" : "unknown");
+    }
+    return answers;
+}
+
+/// The same with what becomes of the engine when it is resolved.
+std::pair<Answers, Answers> answersOf(const ParametersEngine& engine) {
+    ParametersEngine later = engine;
+    later.resolveSchemas();
+    return {answersNow(engine), answersNow(later)};
+}
+
+std::string joined(const std::set<std::string>& typeIds) {
+    std::string text;
+    for (const std::string& typeId : typeIds) {
+        text += typeId + ",";
+    }
+    return text;
+}
+
+template <class Map> std::string keysOf(const Map& map) {
+    std::string text;
+    for (const auto& entry : map) {
+        text += entry.first + ",";
+    }
+    return text;
+}
+
+/// The text of an exception where an operation is to fail, memory or not. A shortage goes through.
+template <class Call> std::string refusalOf(const Call& call) {
+    try {
+        call();
+    } catch (const std::logic_error& error) {
+        return error.what();
+    }
+    return "no refusal";
+}
+
+TEST(MemoryExhaustionTest, LeavesQueriesRepeatable) {
+    using Engine = const ParametersEngine;
+    const Parameter unregistered = [] {
+        ParametersEngine engine = parameterWorkshop();
+        return engine.readParameter(ranged());
+    }();
+    const std::pair<std::string, std::function<std::string(Engine&)>> queries[] = {
+        {"getAllX", [](Engine& engine) { return keysOf(objectsIn(engine)); }},
+        {"getCategory", [](Engine& engine) { return engine.getCategory("s").getName(); }},
+        {"getDiscipline", [](Engine& engine) { return engine.getDiscipline("quovanta.spec:discipline-").getName(); }},
+        {"getDomain", [](Engine& engine) { return engine.getDomain("o").getName(); }},
+        {"getEnumeration", [](Engine& engine) { return engine.getEnumeration("choices").getValues()[0].first; }},
+        {"getFloatRange", [](Engine& engine) { return engine.getFloatRange("floats").getTypeId(); }},
+        {"getGroup", [](Engine& engine) { return engine.getGroup("group").getName(); }},
+        {"getIntRange", [](Engine& engine) { return engine.getIntRange("ints").getTypeId(); }},
+        {"getParameter", [](Engine& engine) { return engine.getParameter("parameter").getName(); }},
+        {"getSpec", [](Engine& engine) { return engine.getSpec("distance").getName(); }},
+        {"getStringRange", [](Engine& engine) { return engine.getStringRange("strings").getTypeId(); }},
+        {"no getSpec", [](Engine& engine) { return refusalOf([&] { return engine.getSpec("nothing"); }); }},
+        {"isRegistered", [](Engine& engine) { return std::to_string(int(engine.isRegistered("pending metre"))); }},
+        {"getDependencies", [](Engine& engine) { return joined(engine.getDependencies("distance")); }},
+        {"of a parameter", [&](Engine& engine) { return joined(engine.getDependencies(unregistered)); }},
+        {"getSchema", [](Engine& engine) { return engine.getSchema("parameter"); }},
+        {"of a parameter", [&](Engine& engine) { return engine.getSchema(unregistered); }},
+        {"older", [](Engine& engine) { return engine.getSchemaInCompatibleFormat(Version::V1, "distance"); }},
+        {"downgraded", [](Engine& engine) { return engine.getSchemaInCompatibleFormat(Version::V1, "ints"); }},
+        {"refused",
+         [](Engine& engine) {
+             return refusalOf([&] { return engine.getSchemaInCompatibleFormat(Version::V1, "Thing"); });
+         }},
+        {"of a parameter",
+         [&](Engine& engine) { return engine.getSchemaInCompatibleFormat(Version::V1, unregistered); }},
+        {"range",
+         [](Engine& engine) { return std::to_string(int(engine.getCompatibleDataModelRange("parameter").second)); }},
+        {"readParameter", [](Engine& engine) { return engine.readParameter(ranged()).getName(); }},
+        {"readValueType",
+         [](Engine& engine) { return std::to_string(int(engine.readValueType(older("-1", "", "Bool")))); }},
+        {"copy", [](Engine& engine) { return keysOf(ParametersEngine(engine).getAllSpecs()); }},
+        {"units", [](Engine& engine) { return keysOf(engine.getUnitsEngine().getAllUnits()); }},
+        {"getUnit", [](Engine& engine) { return engine.getUnitsEngine().getUnit("metre").getName(); }},
+        {"of a unit", [](Engine& engine) { return joined(engine.getUnitsEngine().getDependencies("metre")); }},
+        {"of a unit",
+         [](Engine& engine) { return engine.getUnitsEngine().getSchemaInFormat("metre", Format::PropertySets); }},
+        {"copied units",
+         [](Engine& engine) { return Units::UnitsEngine(engine.getUnitsEngine()).getUnit("inch").getName(); }},
+    };
+    Engine engine = loadedEngine();
+    const auto before = answersOf(engine);
+    for (const auto& query : queries) {
+        SCOPED_TRACE(query.first);
+        const std::string answer = failEachAllocation([] { return std::string(); },
+                                                      [&](std::string& result) { result = query.second(engine); },
+                                                      [](const std::string& result) { EXPECT_EQ(result, ""); });
+        EXPECT_EQ(answer, query.second(engine));
+    }
+    EXPECT_EQ(answersOf(engine), before);
+}
+
+/// Something that changes an engine.
+struct Change {
+    using Step = std::function<void(ParametersEngine&)>;
+
+    std::string name;
+    Step run;
+    /// What a host does after a failure that may have left traces; none may be left where this is empty.
+    Step recover = {};
+    ParametersEngine start = loadedEngine();
+};
+
+std::vector<Change> changes() {
+    constexpr auto old = Format::PropertySets;
+    const Taxon taxon("x", "X", old);
+    const auto context = std::make_shared<const ParametersEngine>(loadedEngine());
+    const auto other = std::make_shared<const ParametersEngine>(workshop({group("x", "Other")}));
+    Answers texts = pendingTexts;
+    texts.insert({{"x", ranged()}, {"new metre", unit("new metre", "M", "pending length")}});
+    const auto import = [context](ParametersEngine& engine) {
+        engine.registerSchemaWithContext(ranged(), *context);
+        engine.resolveSchemas();
+    };
+    return {
+        {"registerSchema", [](auto& engine) { engine.registerSchema(ranged()); }},
+        {"of a unit", [](auto& engine) { engine.registerSchema(unit("x", "X", "length")); }},
+        {"refused", [](auto& engine) { refusalOf([&] { engine.registerSchema(group("x", "")); }); }},
+        {"registerCategory",
+         [](auto& engine) {
+             engine.registerCategory({"x", "X", SubCategoryComponent("m"), Format::PropertySets});
+         }},
+        {"registerDiscipline", [=](auto& engine) { engine.registerDiscipline(taxon); }},
+        {"registerDomain", [=](auto& engine) { engine.registerDomain(taxon); }},
+        {"registerEnumeration",
+         [=](auto& engine) {
+             engine.registerEnumeration({"x", {{"a", 1}}, old});
+         }},
+        {"registerFloatRange",
+         [=](auto& engine) {
+             engine.registerFloatRange({"x", true, 1, false, 0, old});
+         }},
+        {"registerGroup", [=](auto& engine) { engine.registerGroup(taxon); }},
+        {"registerIntRange",
+         [=](auto& engine) {
+             engine.registerIntRange({"x", true, 1, false, 0, old});
+         }},
+        {"registerParameter", [](auto& engine) { engine.registerParameter(engine.readParameter(ranged())); }},
+        {"registerSpec",
+         [=](auto& engine) {
+             engine.registerSpec({"x", "X", "Bool", {}, old, engine.getDiscipline("d")});
+         }},
+        {"registerStringRange",
+         [=](auto& engine) {
+             engine.registerStringRange({"x", SetStringRangeComponent({"a", "b"}), old});
+         }},
+        {"copy assignment", [other](auto& engine) { engine = *other; }},
+        {"resolveSchemas", [](auto& engine) { engine.resolveSchemas(); },
+         [](auto& engine) { engine.registerSchemas(pendingTexts); }},
+        {"registerSchemas", [=](auto& engine) { engine.registerSchemas(texts); },
+         [=](auto& engine) { engine.registerSchemas(texts); }},
+        {"registerSchemaWithContext", import,
+         [=](auto& engine) {
+             // Drops the schema if it was registered and not all was copied.
+             refusalOf([&] { engine.resolveSchemas(); });
+             if (!engine.isRegistered("x")) {
+                 import(engine);
+             }
+         },
+         workshop()},
+    };
+}
+
+TEST(MemoryExhaustionTest, LeavesAnEngineThatCanThenDoTheSame) {
+    for (const Change& change : changes()) {
+        SCOPED_TRACE(change.name);
+        const auto before = answersOf(change.start);
+        ParametersEngine changed = change.start;
+        change.run(changed);
+        const auto after = answersOf(changed);
+        const ParametersEngine last =
+            failEachAllocation([&] { return change.start; }, change.run,
+                               [&](ParametersEngine& engine) {
+                                   if (change.recover) {
+                                       const Answers now = answersNow(engine);
+                                       for (const auto& answer : before.first) {
+                                           EXPECT_TRUE(answer.second[0] != '{' || answer == *now.find(answer.first))
+                                               << answer.first;
+                                       }
+                                   } else {
+                                       EXPECT_EQ(answersOf(engine), before);
+                                   }
+                                   (change.recover ? change.recover : change.run)(engine);
+                                   EXPECT_EQ(answersOf(engine), after);
+                               });
+        EXPECT_EQ(answersOf(last), after);
+    }
+}
+
+TEST(MemoryExhaustionTest, LetsTheConstantsBeMadeLater) {
+    const auto names = [](std::string& result) {
+        ParametersEngine engine;
+        engine.registerSchema(group("x", "X"));
+        result = Defaults::CreateLegacyStringBaseSpec().getName() + Defaults::BooleanPrimitiveType() +
+                 Defaults::IntegerPrimitiveType() + Defaults::FloatPrimitiveType() +
+                 Defaults::ReferencePrimitiveType() + Defaults::StringPrimitiveType() +
+                 Defaults::CreateDefaultGroup(Format::LumarDataSchema).getName();
+    };
+    EXPECT_EQ(failEachAllocation([] { return std::string(); }, names, [](const std::string&) {}),
+              "TextBoolInt64Float64ReferenceStringOther");
+}
+
+} // namespace
+} // namespace Parameters
