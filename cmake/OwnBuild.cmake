@@ -1,4 +1,4 @@
-# Warnings, sanitizers and checks of the linker for our own builds. At top level only: a host's build gets none of them.
+# Warnings, sanitizers, hardening and checks of the linker for our own builds. At top level only: a host's build gets none of them.
 if(PROJECT_IS_TOP_LEVEL)
     option(PARAMETERS_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
     set(PARAMETERS_SANITIZE "" CACHE STRING "Sanitizers, such as address;undefined or thread")
@@ -15,6 +15,23 @@ if(PROJECT_IS_TOP_LEVEL)
     else()
         # Sanitized libraries leave the runtime of the sanitizer to the program.
         set(parameters_link_options LINKER:--no-undefined)
+        if(CMAKE_EXECUTABLE_FORMAT STREQUAL "ELF")
+            include(CheckCXXSourceCompiles)
+            list(APPEND parameters_compile_options -fstack-protector-strong)
+            list(APPEND parameters_link_options LINKER:-z,relro,-z,now)
+            # Neither over what the user or the toolchain has chosen, nor without the optimization that it needs.
+            set(CMAKE_REQUIRED_FLAGS "${CMAKE_CXX_FLAGS_RELEASE}")
+            check_cxx_source_compiles("
+                #ifdef _FORTIFY_SOURCE
+                #error
+                #endif
+                int main() {}" PARAMETERS_CHOOSES_FORTIFY)
+            unset(CMAKE_REQUIRED_FLAGS)
+            if(PARAMETERS_CHOOSES_FORTIFY)
+                list(APPEND parameters_compile_options
+                    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-D_FORTIFY_SOURCE=2>)
+            endif()
+        endif()
     endif()
     if(PARAMETERS_BUILD_FUZZ)
         # RapidJSON's own stack adds to null pointers.
