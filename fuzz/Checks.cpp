@@ -27,19 +27,35 @@ bool isDefaultTaxon(const ParametersEngine& engine, const std::string& typeId) {
            succeeds([&] { static_cast<void>(engine.getGroup(typeId)); });
 }
 
+/// Whether a range excludes nothing. No constant is written for it, so that its parameter reads back without a range.
+struct LimitsNothing {
+    template <class Range> bool operator()(const Range& /*range*/) const { return false; }
+    template <class Number> bool operator()(const NumericRange<Number>& range) const {
+        return !range.isBoundFromBottom() && !range.isBoundFromTop();
+    }
+    bool operator()(const StringRange& range) const {
+        return !range.getRegexStringRangeComponent() && !range.getSetStringRangeComponent();
+    }
+};
+
 /// Whether the object can be taken into an engine that has what it needs, and texts can say what it is.
 bool hasWrittenForm(const ParametersEngine& engine, const std::string& typeId, ParametersEngine needs) {
     const auto specs = engine.getAllSpecs();
     const auto spec = specs.find(typeId);
     const bool isSpec = spec != specs.end();
+    const auto parameters = engine.getAllParameters();
+    const auto parameter = parameters.find(typeId);
+    const bool isParameter = parameter != parameters.end();
     try {
         objectsIn(engine).at(typeId)(needs);
     } catch (const ValidationException& exception) {
         // Documents make specs and parameters that could not be registered directly; imported objects give way.
         const std::string_view message = exception.what();
         const bool isNothingFound = message.rfind("Could not find ", 0) == 0 || message.rfind("Parent ", 0) == 0;
-        require(isSpec || engine.getAllParameters().count(typeId) != 0 || isNothingFound,
-                "a finished object may be registered elsewhere", message);
+        require(isSpec || isParameter || isNothingFound, "a finished object may be registered elsewhere", message);
+        return false;
+    }
+    if (isParameter && std::visit(LimitsNothing(), parameter->second.getRange())) {
         return false;
     }
     // Old and unknown bases of specs give no value type, which no text can say.
