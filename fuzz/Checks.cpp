@@ -161,9 +161,13 @@ void checkReading(const ParametersEngine& engine, const std::string& text) {
     const bool isRegistered = succeeds([&] { other.registerParameter(*parameter); });
     std::set<std::string> dependencies;
     const bool hasDependencies = succeeds([&] { dependencies = engine.getDependencies(*parameter); });
-    require(isRegistered == hasDependencies, "dependencies are those of what can be registered", typeId);
+    require(isRegistered || !hasDependencies, "dependencies are those of what can be registered", typeId);
     if (isRegistered) {
-        require(dependencies == other.getDependencies(typeId), "dependencies are the same once registered", typeId);
+        // Both fail for an imported subcategory whose parent gave way.
+        std::set<std::string> later;
+        const bool hasLater = succeeds([&] { later = other.getDependencies(typeId); });
+        require(hasDependencies == hasLater && dependencies == later, "dependencies are the same once registered",
+                typeId);
         require(engine.getSchema(*parameter) == other.getSchema(typeId), "a text is the same once registered", typeId);
         checkWrittenTexts(other, typeId);
     }
