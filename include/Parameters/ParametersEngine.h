@@ -87,7 +87,8 @@ public:
     ///         its check, such as a spec whose units are pending in this engine's units engine: resolve them first.
     ///         UnrecognizedIdentifierException "Could not find any object with typeid {typeid}." if something needed is
     ///         pending or imported in the context, and std::out_of_range as getDependencies() of the context. In these
-    ///         cases, and where memory runs out while copying, the schema stays pending, and what has been copied stays.
+    ///         cases, and where memory runs out while copying, the schema stays pending, and what has been copied
+    ///         stays.
     std::set<std::string> registerSchemaWithContext(const std::string& schemaText, const ParametersEngine& context);
 
     /// Finishes everything that is pending, as one transaction: references are followed, the objects are made, and only

@@ -27,7 +27,11 @@ public:
     Boxed& operator=(Boxed&& other) noexcept = default;
     ~Boxed() = default;
 
-    [[nodiscard]] Value& operator*() noexcept { return *value_; }
+    /// The value, whose memory is free from then on.
+    [[nodiscard]] Value take() noexcept {
+        const auto taken = std::exchange(value_, nullptr);
+        return std::move(*taken);
+    }
 
 private:
     std::unique_ptr<Value> value_;

@@ -58,7 +58,7 @@ template <class Kind> void stagePending(Registry& registry, const LookupScope& s
         return registry.typeIdAt(schema.entry);
     };
     forEachUntilFault(items.pending, typeIdOfSchema, [&](auto& schema) {
-        auto object = Kind::resolve(typeIdOfSchema(schema), std::move(*schema.body), scope);
+        auto object = Kind::resolve(typeIdOfSchema(schema), schema.body.take(), scope);
         items.staged.push_back({std::move(object), std::move(schema.text)});
     });
 }
