@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -54,7 +55,7 @@ TEST(TypeIdMapTest, TellsTypeIdsOfOneHashApart) {
 }
 
 TEST(TypeIdMapTest, ErasesByValueAndStillFindsTheRest) {
-    for (const std::size_t first : {0, 1, 150, 299, 300}) {
+    for (const std::size_t first : std::initializer_list<std::size_t>{0, 1, 150, 299, 300}) {
         TypeIdMap<std::size_t> map;
         for (std::size_t i = 0; i < 300; ++i) {
             map.insert(numbered(i), i);
