@@ -44,8 +44,7 @@ bool storePending(EngineImpl& engine, SchemaDocument& document, std::uint32_t ty
 /// Whether the document was of one of the library's kinds and is now pending.
 bool takeSchema(EngineImpl& engine, const std::string& schemaText, MissingTypeIds* missing) {
     JSON::Scratch scratch;
-    SchemaDocument document =
-        readSchemaDocument(sharedExceptionFactory<ValidationExceptionFactory>(), schemaText, &scratch);
+    SchemaDocument document = readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText, &scratch);
     const TypeIdKey key(document.typeId);
     engine.requireUnregistered(document.typeId, key);
     return IntakeOrder::any(

@@ -10,7 +10,7 @@ namespace Parameters {
 namespace {
 
 SchemaDocument readDocument(const std::string& text) {
-    return readSchemaDocument(sharedExceptionFactory<ValidationExceptionFactory>(), text);
+    return readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), text);
 }
 
 /// The type of a form that stands for one, else that of the spec's value type name.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <exception>
-#include <memory>
 #include <string>
 
 /// Words an error of the JSON layer in the exception type of whoever had the text parsed.
@@ -12,9 +11,3 @@ public:
     /// Returns an exception that carries the message. It does not throw; the caller rethrows what it receives.
     [[nodiscard]] virtual std::exception_ptr createException(const std::string& message) const = 0;
 };
-
-/// The factory of one class that all share, since it holds nothing.
-template <class Factory> [[nodiscard]] const std::shared_ptr<ExceptionFactory>& sharedExceptionFactory() {
-    static const std::shared_ptr<ExceptionFactory> factory = std::make_shared<Factory>();
-    return factory;
-}

@@ -157,33 +157,18 @@ struct JSON::Tree {
     Tree(std::shared_ptr<ExceptionFactory> factory, Scratch* scratch)
         : exceptionFactory(std::move(factory)),
           pool(scratch != nullptr ? Pool(scratch->memory, sizeof(scratch->memory), poolBlock, &memory)
-                                  : Pool(poolBlock, &memory)),
-          isInScratch(scratch != nullptr) {}
-
-    static std::unique_ptr<Tree, TreeDeleter> create(std::shared_ptr<ExceptionFactory> factory, Scratch* scratch) {
-        static_assert(sizeof(Tree) <= sizeof(Scratch::tree));
-        Tree* tree = scratch != nullptr ? new (scratch->tree) Tree(std::move(factory), scratch)
-                                        : new Tree(std::move(factory), nullptr);
-        return std::unique_ptr<Tree, TreeDeleter>(tree);
-    }
+                                  : Pool(poolBlock, &memory)) {}
 
     std::shared_ptr<ExceptionFactory> exceptionFactory;
     ThrowingAllocator memory;
     Pool pool;
-    bool isInScratch;
     Document document{&pool, stackSize, &memory};
 
     static constexpr std::size_t poolBlock = 64 * 1024;
     static constexpr std::size_t stackSize = 1024;
 };
 
-void JSON::TreeDeleter::operator()(Tree* tree) const noexcept {
-    if (tree->isInScratch) {
-        tree->~Tree();
-    } else {
-        delete tree;
-    }
-}
+void JSON::TreeDeleter::operator()(Tree* tree) const noexcept { delete tree; }
 
 /// The JSON library's side of a handle.
 struct JSON::Access {
@@ -267,7 +252,7 @@ JSON& JSON::operator=(JSON&& other) noexcept {
 }
 
 JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text, Scratch* scratch) {
-    JSON json(Tree::create(std::move(exceptionFactory), scratch));
+    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(std::move(exceptionFactory), scratch)));
     // Parsed in place: the strings of the tree are parts of the copy.
     char* copy = static_cast<char*>(json.tree_->pool.Malloc(text.size() + 1));
     std::memcpy(copy, text.c_str(), text.size() + 1);
@@ -290,7 +275,7 @@ JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::
 }
 
 JSON JSON::createDocument(Scratch* scratch) {
-    JSON json(Tree::create(nullptr, scratch));
+    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(nullptr, scratch)));
     json.tree_->document.SetObject();
     return json;
 }

@@ -20,7 +20,6 @@ class JSON {
 public:
     /// Memory for one small tree, to be put on the stack by operations that are done with the tree when they return.
     struct Scratch {
-        alignas(16) std::byte tree[320];
         alignas(16) std::byte memory[16 * 1024];
     };
 

@@ -12,11 +12,11 @@ namespace Parameters {
 // Both raise their errors as ValidationException.
 
 inline JSON parsed(const std::string& text) {
-    return JSON::parse(sharedExceptionFactory<ValidationExceptionFactory>(), text);
+    return JSON::parse(std::make_shared<ValidationExceptionFactory>(), text);
 }
 
 inline SchemaDocument documentFrom(const std::string& text) {
-    return readSchemaDocument(sharedExceptionFactory<ValidationExceptionFactory>(), text);
+    return readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), text);
 }
 
 } // namespace Parameters

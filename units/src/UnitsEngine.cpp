@@ -153,7 +153,7 @@ UnitsEngine::~UnitsEngine() = default;
 std::set<std::string> UnitsEngine::registerSchema(const std::string& schemaText) {
     JSON::Scratch scratch;
     const SchemaDocument document =
-        readSchemaDocument(sharedExceptionFactory<ValidationExceptionFactory>(), schemaText, &scratch);
+        readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText, &scratch);
     if (isRegistered(document.typeId)) {
         document.raise(joined({"Schema with typeid ", document.typeId, " is already registered."}));
     }
