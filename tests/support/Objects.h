@@ -47,6 +47,21 @@ inline std::string downgraded(const std::string& text, const std::string& from =
     return R"({"downgradedFrom":")" + from + R"(",)" + text.substr(1);
 }
 
+/// Demands that the texts of an item are these, from V1 to V3, an empty one being refused.
+inline void expectTextsOf(const std::string& typeId, const ParametersEngine& engine, const Texts& texts) {
+    const auto range = engine.getCompatibleDataModelRange(typeId);
+    for (const auto version : {Version::V1, Version::V2, Version::V3}) {
+        const std::string& text = texts[static_cast<unsigned>(version)];
+        EXPECT_EQ(text.empty(), version < range.first || version > range.second);
+        if (text.empty()) {
+            EXPECT_THROWS(engine.getSchemaInCompatibleFormat(version, typeId), ValidationException, cannotRepresent);
+        } else {
+            EXPECT_EQ(engine.getSchemaInCompatibleFormat(version, typeId), text);
+        }
+    }
+    EXPECT_EQ(engine.getSchema(typeId), texts[static_cast<unsigned>(range.second)]);
+}
+
 /// How an engine takes in and gives out the objects of a kind.
 template <class Object> struct Kind {
     void (ParametersEngine::*add)(const Object&);
@@ -59,23 +74,14 @@ template <class Object> struct Kind {
         return engine;
     }
 
-    /// Demands that the texts of that object are these, from V1 to V3, an empty one being refused, and that the object
-    /// of each is written like it.
+    /// Demands that these are the texts of that object, and that the object of each is written like it.
     void expectTexts(const std::string& document, const Texts& texts) const {
-        const ParametersEngine engine = workshopWith(document);
-        const auto range = engine.getCompatibleDataModelRange("x");
-        for (const auto version : {Version::V1, Version::V2, Version::V3}) {
-            const std::string& text = texts[static_cast<unsigned>(version)];
-            EXPECT_EQ(text.empty(), version < range.first || version > range.second) << document;
-            if (text.empty()) {
-                EXPECT_THROWS(engine.getSchemaInCompatibleFormat(version, "x"), ValidationException, cannotRepresent);
-                continue;
-            }
-            EXPECT_EQ(engine.getSchemaInCompatibleFormat(version, "x"), text);
-            const std::string again = workshopWith(text).getSchema("x");
+        SCOPED_TRACE(document);
+        expectTextsOf("x", workshopWith(document), texts);
+        for (const std::string& text : texts) {
+            const std::string again = text.empty() ? text : workshopWith(text).getSchema("x");
             EXPECT_TRUE(text == again || text == downgraded(again) || text == downgraded(again, "2.0.0")) << again;
         }
-        EXPECT_EQ(engine.getSchema("x"), texts[static_cast<unsigned>(range.second)]);
     }
 
     /// The same for a kind whose text in V3, if there is one, differs from the one before.

@@ -22,7 +22,9 @@ TEST(CategoryTest, ReadsAndWritesReferences) {
     const std::string two = inO + R"(,{"id":"disciplines","typedValue":[{"typeid":"e"},{"typeid":"d"}]})";
     categories.expectTexts(fullForm("x", subBase + majorBase, two + "," + name + belowM), major(name + two),
                            fullForm("x", majorBase + "2.0.0", typedName + two));
-    categories.expectTexts(major(R"({"id":"disciplines","value":[]},)" + name + inO), major(name + inO), "");
+    // A typedValue counts as the map that it stands for, in which the later of two equal keys replaces the other.
+    const std::string oddO = R"({"id":"domain","typedValue":{"typeid":"?","typeid\u0000id":"o"}})";
+    categories.expectTexts(major(R"({"id":"disciplines","value":[]},)" + name + oddO), major(name + inO), "");
     categories.expectTexts(fullForm("x", "acme." + subBase, name + belowM), sub(name + belowM),
                            fullForm("x", subBase + "2.0.0", typedName + belowM));
 }
@@ -37,11 +39,8 @@ TEST(CategoryTest, ReportsTheFirstFaultOfADocument) {
                    {major(name + belowM), "Schema x has an undefined domain constant."},
                    {major(name + R"({"id":"domain","value":0})"), "A typedValue must be an object."},
                    {major(name + strange + reference("domain", "a")), "Dependency z" + notFound},
-                   {major(name + reference("domain", "d")), "Dependency d" + notFound},
                    {sub(name + bad), "A typedValue must be an object."},
-                   {sub(name + inO), "Schema x has an undefined parent constant."},
-                   {sub(name + reference("parent", "p")), "Parent p of subcategory x is not a major category."},
-                   {sub(name + reference("parent", "s")), "Parent s of subcategory x is not a major category."}});
+                   {sub(name + reference("parent", "p")), "Parent p of subcategory x is not a major category."}});
     const auto missing = workshop().registerSchema(major(name + strange + reference("domain", "a"))).first;
     EXPECT_EQ(missing, (std::set<std::string>{"a", "y", "z"}));
 }

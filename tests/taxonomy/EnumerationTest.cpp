@@ -15,7 +15,8 @@ TEST(EnumerationTest, ReadsAndWritesItemsInTheOrderOfTheirNumbers) {
     const std::string sorted = R"([{"id":"d","value":-9223372036854775808},{"id":"b","value":2},{"id":"c","value":2},)"
                                R"({"id":"a","value":9223372036854775807}]})";
     enumerations.expectTexts(older(items), older(sorted), "");
-    enumerations.expectTexts(newer(items), older(sorted), newer(sorted));
+    enumerations.expectTexts(header + R"("enum","typeid":"x","inherits":0,"enum":)" + items, older(sorted),
+                             newer(sorted));
 }
 
 TEST(EnumerationTest, ReportsTheFirstFaultInTheOrderOfTheIds) {
@@ -24,7 +25,7 @@ TEST(EnumerationTest, ReportsTheFirstFaultInTheOrderOfTheIds) {
     const std::string properties = R"("typeid":"x","inherits":["Enum"],"properties":[{"id":"a","value":1}]})";
     expectRefused({{newer(R"([{"id":"a"},{"id":""}]})"), "ID of value in enumeration schema x must not be empty."},
                    {newer(R"([{"id":"b","value":"1"},{"id":"a","typedValue":1}]})"), noInteger},
-                   {older(R"([{"id":"b","value":1},{"id":"a","value":1.0}]})"), noInteger},
+                   {older(R"([{"id":"b","value":1},{"id":"a","value":1e3}]})"), noInteger},
                    {older(R"([{"id":"a","value":9223372036854775808}]})"), noInteger},
                    {older(R"([],"schemaType":"enum","enum":[{"id":"a","value":1}]})"), noValues},
                    {header + R"("enum",)" + properties, noValues},

@@ -29,8 +29,9 @@ TEST(NumericRangeTest, ReadsFlagsAndWritesTheBoundariesThatBind) {
 TEST(NumericRangeTest, WritesNumbersAsFarAsJSONHasThem) {
     const std::string top = R"({"id":"fromTop","typeid":"Bool","value":true},)";
     const std::string text = R"({"id":"fromBottom","typeid":"Bool","value":true},)" + top +
-                             R"({"id":"topBoundary","value":-3.0,"typeid":"Float64"})";
-    const std::string integer = bound + top + R"({"id":"topBoundary","value":-3},{"id":"bottomBoundary","value":-0.0})";
+                             R"({"id":"topBoundary","value":10000000000000000000.0,"typeid":"Float64"})";
+    const std::string integer =
+        bound + top + R"({"id":"topBoundary","value":10000000000000000000},{"id":"bottomBoundary","value":-0.0})";
     EXPECT_EQ(floatRanges.workshopWith(fullForm("x", "acme." + floats, integer)).getSchema("x"),
               fullForm("x", floats + "2.0.0", text));
     for (const double boundary : {HUGE_VAL, std::nan("")}) {
@@ -47,14 +48,12 @@ TEST(NumericRangeTest, ReportsTheFirstFault) {
     const auto range = [](const std::string& constants) { return shortForm("x", ints, constants); };
     const std::string noInteger = "Expected an integer.";
     expectRefused({{range(R"({"id":"fromTop","value":0},)" + bad), "Schema x has an undefined fromBottom constant."},
-                   {range(R"({"id":"fromBottom","value":0},)" + bad), "Expected a Boolean value."},
                    {range(bound + bad), "Schema x has an undefined fromTop constant."},
                    {range(bound + R"({"id":"fromTop","value":"true"},)" + bad), "Expected a Boolean value."},
                    {range(flags + bad), noInteger},
                    {range(flags + R"({"id":"topBoundary","value":3.0})"), noInteger},
-                   {range(flags + R"({"id":"bottomBoundary","value":9223372036854775808})"), noInteger},
-                   {shortForm("x", floats, flags + bad), "Expected a number."},
-                   {shortForm("x", floats, flags + R"({"id":"topBoundary","value":true})"), "Expected a number."}});
+                   {range(flags + R"({"id":"bottomBoundary","value":-9223372036854775809})"), noInteger},
+                   {shortForm("x", floats, flags + bad), "Expected a number."}});
 }
 
 } // namespace

@@ -10,25 +10,21 @@ const std::string setBase = "quovanta.range:range.string.set.static-";
 const std::string regexBase = "quovanta.range:range.string.regex-";
 
 std::string set(const std::string& json) { return shortForm("x", setBase + "1.0.0", constant("allowedValues", json)); }
-std::string regex(const std::string& json) { return shortForm("x", regexBase + "1.0.0", constant("regex", json)); }
 
 TEST(StringRangeTest, ReadsAndWritesItsComponent) {
     const std::string both = R"({"id":"regex","value":""},{"id":"allowedValues","value":["b","","a"]})";
     ranges.expectTexts(
         fullForm("x", regexBase + setBase, both), set(R"(["b","","a"])"),
         fullForm("x", setBase + "2.0.0", R"({"id":"allowedValues","value":["b","","a"],"typeid":"String"})"));
-    ranges.expectTexts(fullForm("x", "acme." + regexBase, both), regex(R"("")"),
+    ranges.expectTexts(fullForm("x", "acme." + regexBase, both),
+                       shortForm("x", regexBase + "1.0.0", constant("regex", R"("")")),
                        fullForm("x", regexBase + "2.0.0", R"({"id":"regex","typeid":"String","value":""})"));
     ranges.expectTexts(set(" [ ] "), set("[]"), "");
 }
 
-TEST(StringRangeTest, ReportsFaults) {
-    expectRefused({{set(R"({"a":0})"), "Expected an array."},
-                   {set(R"(["a",0,"a","a"])"), "Expected an array of strings."},
-                   {set(R"(["a","b","a",0])"), "Expected an array of unique strings."},
-                   {shortForm("x", setBase, ""), "Schema x has an undefined allowedValues constant."},
-                   {shortForm("x", regexBase, ""), "Schema x has an undefined regex constant."},
-                   {regex("[]"), "Expected a string."}});
+TEST(StringRangeTest, ReportsItsFirstFault) {
+    expectRefused({{set(R"(["a",0,"a","a"])"), "Expected an array of strings."},
+                   {set(R"(["a","b","a",0])"), "Expected an array of unique strings."}});
     const StringRange twice("x", SetStringRangeComponent({"b", "", "a", "a", ""}), {});
     EXPECT_THROWS(ParametersEngine().registerStringRange(twice), ValidationException, "Value a must appear only once.");
 }
