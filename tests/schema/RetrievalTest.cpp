@@ -7,7 +7,8 @@ using namespace Documents;
 
 TEST(RetrievalTest, GivesARegisteredTextByteForByteAtItsNaturalVersions) {
     const auto oddText = [](const std::string& typeId) {
-        return "\r\n{ \"later\" : [ 1.50e1 , { } ],\t\"constants\":[{\"value\":\"L\\u00fcftung\\/1\",\"id\":\"name\"},"
+        return "\r\n{ \"typeid\\u0000\" : [ 1.50e1 , { } "
+               "],\t\"constants\":[{\"value\":\"L\\u00fcftung\\/1\",\"id\":\"name\"},"
                "{\"id\":\"order\",\"value\":3}],\"properties\":[],\"sealed\":false,\n"
                "\"inherits\":[\"quovanta.spec:discipline-1.5.0\"],\"typeid\":\"" +
                typeId + "\"";

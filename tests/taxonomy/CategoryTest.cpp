@@ -37,7 +37,8 @@ TEST(CategoryTest, ReportsTheFirstFaultOfADocument) {
     expectRefused({{major(bad), "Schema x has an undefined name constant."},
                    {major(name + bad), "Expected an array of typedValue objects."},
                    {major(name + belowM), "Schema x has an undefined domain constant."},
-                   {major(name + R"({"id":"domain","value":0})"), "A typedValue must be an object."},
+                   {major(name + R"({"id":"domain","value":{"typeid":"o","other":"o"}})"),
+                    "A typedValue object may not be empty and must contain a typeid attribute only."},
                    {major(name + strange + reference("domain", "a")), "Dependency z" + notFound},
                    {sub(name + bad), "A typedValue must be an object."},
                    {sub(name + reference("parent", "p")), "Parent p of subcategory x is not a major category."}});

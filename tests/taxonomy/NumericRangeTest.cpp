@@ -49,7 +49,7 @@ TEST(NumericRangeTest, ReportsTheFirstFault) {
     const std::string noInteger = "Expected an integer.";
     expectRefused({{range(R"({"id":"fromTop","value":0},)" + bad), "Schema x has an undefined fromBottom constant."},
                    {range(bound + bad), "Schema x has an undefined fromTop constant."},
-                   {range(bound + R"({"id":"fromTop","value":"true"},)" + bad), "Expected a Boolean value."},
+                   {range(bound + R"({"id":"fromTop","value":0},)" + bad), "Expected a Boolean value."},
                    {range(flags + bad), noInteger},
                    {range(flags + R"({"id":"topBoundary","value":3.0})"), noInteger},
                    {range(flags + R"({"id":"bottomBoundary","value":-9223372036854775809})"), noInteger},
