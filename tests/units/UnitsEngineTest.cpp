@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <set>
@@ -171,17 +172,27 @@ TEST(UnitsEngine, CopiesAnItemAsItStandsWithItsDimension) {
     EXPECT_FALSE(target.isRegistered("unheard"));
 }
 
-TEST(UnitsEngine, LeavesAllPendingWhenMemoryIsShort) {
-    failEachAllocation(
-        [] {
-            return engineWith({metreText, pieceText}, {lengthText});
-        },
-        [](UnitsEngine& engine) { engine.resolveSchemas(); },
-        [](UnitsEngine& engine) {
-            ASSERT_TRUE(engine.getAllUnits().empty());
-            engine.resolveSchemas();
-            ASSERT_EQ(engine.getAllUnits().size(), 2U);
-        });
+TEST(UnitsEngine, KeepsItsStateWhenMemoryIsShort) {
+    const UnitsEngine source = engineWith({}, {lengthText, metreText});
+    const UnitsEngine pending = engineWith({metreText, pieceText}, {lengthText});
+    const std::pair<UnitsEngine, std::function<void(UnitsEngine&)>> changes[] = {
+        {UnitsEngine(), [](UnitsEngine& engine) { engine.registerSchema(metreText); }},
+        {UnitsEngine(), [&](UnitsEngine& engine) { engine.copyItem(metre, source); }},
+        {pending, [&](UnitsEngine& engine) { engine = source; }},
+        {pending, [](UnitsEngine& engine) { engine.resolveSchemas(); }},
+    };
+    const auto stateOfUnits = [](const UnitsEngine& engine) { return stateOf(engine, metre) + stateOf(engine, piece); };
+    for (const auto& change : changes) {
+        UnitsEngine changed = change.first;
+        change.second(changed);
+        failEachAllocation([&] { return change.first; }, change.second,
+                           [&](UnitsEngine& engine) {
+                               EXPECT_EQ(stateOfUnits(engine), stateOfUnits(change.first));
+                               change.second(engine);
+                               EXPECT_EQ(stateOfUnits(engine), stateOfUnits(changed));
+                               EXPECT_EQ(stateOf(engine, length), stateOf(changed, length));
+                           });
+    }
 }
 
 } // namespace
