@@ -1,7 +1,5 @@
 #pragma once
 
-#include <Parameters/ParametersEngine.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -41,16 +39,6 @@ inline std::vector<std::filesystem::path> filesBelow(const std::filesystem::path
     }
     std::sort(files.begin(), files.end());
     return files;
-}
-
-/// An engine with all documents below a folder, finished.
-inline Parameters::ParametersEngine finishedCatalog(const std::filesystem::path& root) {
-    Parameters::ParametersEngine catalog;
-    for (const auto& path : filesBelow(root)) {
-        catalog.registerSchema(textOf(path));
-    }
-    catalog.resolveSchemas();
-    return catalog;
 }
 
 } // namespace Documents

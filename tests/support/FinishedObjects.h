@@ -1,10 +1,26 @@
 #pragma once
 
+#include "support/CatalogDocuments.h"
+
 #include <Parameters/ParametersEngine.h>
 
 #include <functional>
 #include <map>
 #include <string>
+
+namespace Documents {
+
+/// An engine with all documents below a folder, finished.
+inline Parameters::ParametersEngine finishedCatalog(const std::filesystem::path& root) {
+    Parameters::ParametersEngine catalog;
+    for (const auto& path : filesBelow(root)) {
+        catalog.registerSchema(textOf(path));
+    }
+    catalog.resolveSchemas();
+    return catalog;
+}
+
+} // namespace Documents
 
 namespace Parameters {
 

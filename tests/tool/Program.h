@@ -1,23 +1,35 @@
 #pragma once
 
+#include "support/CatalogDocuments.h"
+#include "support/Documents.h"
+
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
+/// A parameter of the example catalog.
+inline const std::string diffuser = "acme.building:parameter.supplyDiffuser-1.0.0";
+
 /// What the program under test did with its arguments.
 struct ProgramRun {
-    int status = -1;
-    std::string output;
-    std::string errors;
+    int status;
+    std::string output, errors;
 };
 
-/// Runs it in a folder, without a shell.
+/// For reports of failed tests.
+inline void PrintTo(const ProgramRun& run, std::ostream* stream) {
+    *stream << "status " << run.status << ", output:\n" << run.output << "errors:\n" << run.errors;
+}
+
+/// Runs a command of the shell in a folder, for which the program is $tool.
+ProgramRun runShell(const std::string& command, const std::string& folder = PARAMETERS_SOURCE_DIR);
+
+/// Runs the program itself. No argument may have a single quote.
 ProgramRun runTool(const std::vector<std::string>& arguments, const std::string& folder = PARAMETERS_SOURCE_DIR);
 
-/// Runs a command of the shell, for which the program is $tool.
-ProgramRun runShell(const std::string& command);
-
-std::string contentsOf(const std::filesystem::path& file);
+/// Runs it in a folder with nothing but the text, in "a.jsonl".
+ProgramRun runToolOn(const std::string& text, const std::vector<std::string>& arguments);
 
 /// An empty folder that is gone at the end of the test.
 class TemporaryFolder {
@@ -29,7 +41,6 @@ public:
 
     [[nodiscard]] std::string path(const std::string& name = {}) const { return (path_ / name).string(); }
     void write(const std::string& name, const std::string& text) const;
-    static std::size_t filesIn(const std::filesystem::path& folder);
 
 private:
     std::filesystem::path path_;

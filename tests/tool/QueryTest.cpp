@@ -2,40 +2,25 @@
 
 #include <gmock/gmock.h>
 
-using testing::HasSubstr;
-using testing::StartsWith;
+using namespace testing;
 
-namespace {
-
-const std::string diffuser = "acme.building:parameter.supplyDiffuser-1.0.0";
-
-} // namespace
-
-TEST(ListCommand, AlignsATable) {
-    const ProgramRun run =
-        runTool({"list", "examples/catalog/domains/sanitary.json", "examples/catalog/ranges/float64/duct-side.json"});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.output,
-              "TYPEID                               KIND         NAME               FORMAT        VERSIONS\n"
-              "acme.building:domain.sanitary-1.0.0  domain       Sanitary Fixtures  PropertySets  1.0.0 to 2.0.0\n"
-              "acme.building:range.ductSide-1.0.0   float-range                     PropertySets  1.0.0 to 2.0.0\n");
-}
-
-TEST(ListCommand, LetsALongTypeidWidenNoOtherRow) {
-    const TemporaryFolder folder;
-    const std::string rest =
-        R"(","inherits":["quovanta.spec:discipline-1.0.0"],"constants":[{"id":"name","value":"N"}]})";
+TEST(ListCommand, AlignsATableButForALongTypeid) {
     const std::string longTypeId(81, 'x');
-    folder.write("a.jsonl", R"({"typeid":"a)" + rest + '\n' + R"({"typeid":")" + longTypeId + rest + '\n');
-    EXPECT_EQ(runTool({"list", "a.jsonl"}, folder.path()).output,
-              "TYPEID  KIND        NAME  FORMAT        VERSIONS\n"
-              "a       discipline  N     PropertySets  1.0.0 to 2.0.0\n" +
-                  longTypeId + "  discipline  N     PropertySets  1.0.0 to 2.0.0\n");
+    EXPECT_THAT(runToolOn(Documents::shortForm("range", "quovanta.range:range.string.regex-1.0.0",
+                                               Documents::constant("regex", R"("a")")) +
+                              '\n' + Documents::discipline(longTypeId, "N") + '\n' +
+                              Documents::domain("sanitary", "Sanitary Fixtures"),
+                          {"list", "a.jsonl"}),
+                FieldsAre(0,
+                          "TYPEID    KIND          NAME               FORMAT        VERSIONS\n"
+                          "range     string-range                     PropertySets  1.0.0 to 2.0.0\n"
+                          "sanitary  domain        Sanitary Fixtures  PropertySets  1.0.0 to 2.0.0\n" +
+                              longTypeId + "  discipline    N                  PropertySets  1.0.0 to 2.0.0\n",
+                          ""));
 }
 
 TEST(ListCommand, WritesJsonForPrograms) {
-    const ProgramRun run = runTool({"list", "examples/catalog/domains", "--kind", "domain", "--json"});
-    EXPECT_THAT(run.output, StartsWith(R"([
+    EXPECT_THAT(runTool({"list", "examples/catalog/domains", "--kind", "domain", "--json"}).output, StartsWith(R"([
   {
     "typeid": "acme.building:domain.electrical-1.0.0",
     "kind": "domain",
@@ -48,17 +33,15 @@ TEST(ListCommand, WritesJsonForPrograms) {
 }
 
 TEST(ListCommand, ListsWhatHasNoFaultAndTellsWhatHas) {
-    const ProgramRun run = runTool({"list", "examples/catalog/domains", "examples/catalog/units/volt.json"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.output, HasSubstr("acme.building:domain.electrical-1.0.0"));
-    EXPECT_EQ(run.errors, "parameters: examples/catalog/units/volt.json: Refers to "
-                          "acme.building:dimension.electricPotential-1.0.0, which no document defines.\n");
+    EXPECT_THAT(runTool({"list", "examples/catalog/domains", "examples/catalog/units/volt.json"}),
+                FieldsAre(1, HasSubstr("acme.building:domain.electrical-1.0.0"),
+                          "parameters: examples/catalog/units/volt.json: Refers to "
+                          "acme.building:dimension.electricPotential-1.0.0, which no document defines.\n"));
 }
 
 TEST(ShowCommand, ShowsAParameterWithAllThatItRefersTo) {
-    const ProgramRun run = runTool({"show", "examples/catalog", "--typeid", diffuser});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.output, R"(parameter Supply Diffuser (acme.building:parameter.supplyDiffuser-1.0.0)
+    EXPECT_EQ(runTool({"show", "examples/catalog", "--typeid", diffuser}).output,
+              R"(parameter Supply Diffuser (acme.building:parameter.supplyDiffuser-1.0.0)
 ├─ description   The diffuser that serves the space.
 ├─ read-only     no
 ├─ group         Air Side (acme.building:group.airSide-1.0.0)
@@ -82,16 +65,16 @@ TEST(ShowCommand, KnowsEveryKind) {
         const std::string list = runTool({"list", "examples/catalog", "--kind", kind}).output;
         const std::size_t begin = list.find('\n') + 1;
         const std::string typeId = list.substr(begin, list.find(' ', begin) - begin);
-        const ProgramRun run = runTool({"show", "examples/catalog", "--typeid", typeId});
-        EXPECT_EQ(run.status, 0) << kind;
-        EXPECT_THAT(run.output, StartsWith(std::string(kind) + ' ')) << kind;
+        EXPECT_THAT(runTool({"show", "examples/catalog", "--typeid", typeId}),
+                    FieldsAre(0, StartsWith(std::string(kind) + ' '), ""));
     }
 }
 
 TEST(SchemaCommand, PrintsTheRegisteredTextAndOlderOnes) {
     const std::string file = "examples/catalog/domains/electrical.json";
     const std::string typeId = "acme.building:domain.electrical-1.0.0";
-    EXPECT_EQ(runTool({"schema", file, "--typeid", typeId}).output, contentsOf(PARAMETERS_SOURCE_DIR "/" + file));
+    EXPECT_EQ(runTool({"schema", file, "--typeid", typeId}).output,
+              Documents::textOf(PARAMETERS_SOURCE_DIR "/" + file));
     EXPECT_THAT(runTool({"schema", file, "--typeid", typeId, "--data-model", "2.0.0"}).output,
                 StartsWith(R"({"downgradedFrom":"3.0.0","typeid")"));
     EXPECT_THAT(runTool({"schema", file, "--typeid", typeId, "--data-model", "2.0.0", "--pretty"}).output,
@@ -99,12 +82,8 @@ TEST(SchemaCommand, PrintsTheRegisteredTextAndOlderOnes) {
 }
 
 TEST(SchemaCommand, TellsWhatCannotBeRepresented) {
-    const ProgramRun run = runTool({"schema", "examples/catalog/domains/sanitary.json", "--typeid",
-                                    "acme.building:domain.sanitary-1.0.0", "--data-model", "3.0.0"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.errors,
-              "parameters: acme.building:domain.sanitary-1.0.0: Cannot represent schema in requested format.\n");
+    EXPECT_THAT(runToolOn(Documents::domain("a", "A"), {"schema", "a.jsonl", "--typeid", "a", "--data-model", "3.0.0"}),
+                FieldsAre(1, "", "parameters: a: Cannot represent schema in requested format.\n"));
 }
 
 TEST(DepsCommand, ListsWhatADocumentNeeds) {

@@ -2,14 +2,9 @@
 
 #include <gmock/gmock.h>
 
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
+using namespace testing;
 
 namespace {
-
-const std::string diffuser = "acme.building:parameter.supplyDiffuser-1.0.0";
-const std::string diffuserFile = "acme.building_parameter.supplyDiffuser-1.0.0.json";
 
 /// A discipline with more than an older text holds.
 const std::string rich =
@@ -25,20 +20,20 @@ TEST(ExportCommand, WritesWhatAnOlderModelReadsAndListsTheRest) {
     const ProgramRun run =
         runTool({"export", "examples/catalog", "--data-model", "2.0.0", "--out", folder.path("out"), "--quiet"});
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.output, HasSubstr("examples/catalog/specs/setpoint.json: acme.building:spec.setpoint-1.0.0: Cannot "
-                                      "represent schema in requested format.\n"));
-    EXPECT_THAT(run.output, HasSubstr("\nDocuments written that refer to ones that cannot be represented: 3.\n"));
-    EXPECT_THAT(run.output, Not(HasSubstr("no longer holds")));
-    EXPECT_THAT(contentsOf(folder.path("out/acme.building_domain.electrical-1.0.0.json")),
-                testing::StartsWith(R"({"downgradedFrom":"3.0.0",)"));
+    EXPECT_THAT(run.output,
+                AllOf(HasSubstr("examples/catalog/specs/setpoint.json: acme.building:spec.setpoint-1.0.0: Cannot "
+                                "represent schema in requested format.\n"),
+                      HasSubstr("\nDocuments written that refer to ones that cannot be represented: 3.\n"),
+                      Not(HasSubstr("no longer holds"))));
+    EXPECT_THAT(Documents::textOf(folder.path("out/acme.building_domain.electrical-1.0.0.json")),
+                StartsWith(R"({"downgradedFrom":"3.0.0",)"));
 }
 
 TEST(ExportCommand, TellsWhatTheOlderTextNoLongerHolds) {
     const TemporaryFolder folder;
     folder.write("rich.json", rich);
-    const ProgramRun run = runTool({"export", "rich.json", "--data-model", "1.0.0", "--out", "out"}, folder.path());
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.output, R"(rich.json: test:rich/../../x-1.0.0, rewritten, no longer holds all:
+    EXPECT_EQ(runTool({"export", "rich.json", "--data-model", "1.0.0", "--out", "out"}, folder.path()).output,
+              R"(rich.json: test:rich/../../x-1.0.0, rewritten, no longer holds all:
   gone:    sealed: false
   gone:    author: "me"
   gone:    constant "name" note: 1
@@ -46,22 +41,20 @@ TEST(ExportCommand, TellsWhatTheOlderTextNoLongerHolds) {
   gone:    property "p": {"id":"p","typeid":"String","context":"map"}
 1 document in out for data model 1.0.0, 1 of them rewritten; 0 cannot be represented.
 )");
-    EXPECT_EQ(contentsOf(folder.path("out/test_rich_.._.._x-1.0.0.json")),
+    EXPECT_EQ(Documents::textOf(folder.path("out/test_rich_.._.._x-1.0.0.json")),
               R"({"downgradedFrom":"3.0.0","typeid":"test:rich/../../x-1.0.0",)"
               R"("inherits":["quovanta.spec:discipline-1.0.0"],"constants":[{"id":"name","value":"N"}]})"
               "\n");
 }
 
 TEST(ExportCommand, TellsReferencesFromTheirLikesThatMove) {
-    const TemporaryFolder folder;
-    const std::string frame = R"({"schemaSpecification":"lumar-data-schema-2.0.0","typeid":"test:)";
-    folder.write("a.jsonl",
-                 frame + R"(s","inherits":["quovanta.spec:spec-2.0.0"],"constants":[{"id":"name","value":"N"}],)" +
-                     R"("properties":[{"id":"value","typeid":"String"}]})" + '\n' + frame +
-                     R"(p","inherits":["quovanta.parameter:parameter-3.0.0"],"constants":[{"id":"name","value":"N"},)" +
-                     R"({"id":"seeAlso","typedValue":{"typeid":"test:s"}}],)" +
-                     R"("properties":[{"id":"data","typeid":"test:s","note":1},{"id":"extra","typeid":"String"}]})");
-    EXPECT_EQ(runTool({"export", "a.jsonl", "--data-model", "1.0.0", "--out", "out"}, folder.path()).output,
+    const std::string name = Documents::nameConstant("N");
+    const std::string spec =
+        Documents::fullForm("test:s", "quovanta.spec:spec-2.0.0", name, R"({"id":"value","typeid":"String"})");
+    const std::string parameter = Documents::fullForm(
+        "test:p", "quovanta.parameter:parameter-3.0.0", name + "," + Documents::reference("seeAlso", "test:s"),
+        R"({"id":"data","typeid":"test:s","note":1},{"id":"extra","typeid":"String"})");
+    EXPECT_EQ(runToolOn(spec + '\n' + parameter, {"export", "a.jsonl", "--data-model", "1.0.0", "--out", "out"}).output,
               R"(a.jsonl:2: test:p, rewritten, no longer holds all:
   gone:    constant "seeAlso": {"id":"seeAlso","typedValue":{"typeid":"test:s"}}
   gone:    property "data" note: 1
@@ -75,55 +68,47 @@ TEST(ExportCommand, OverwritesOnlyWhenForced) {
     folder.write("rich.json", rich);
     folder.write("test_rich_.._.._x-1.0.0.json", "mine");
     std::vector<std::string> arguments = {"export", "rich.json", "--data-model", "1.0.0", "--out", "."};
-    const ProgramRun run = runTool(arguments, folder.path());
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.errors, "parameters: ./test_rich_.._.._x-1.0.0.json is there already; --force overwrites it.\n");
-    EXPECT_EQ(contentsOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
+    EXPECT_THAT(
+        runTool(arguments, folder.path()),
+        FieldsAre(2, "", "parameters: ./test_rich_.._.._x-1.0.0.json is there already; --force overwrites it.\n"));
+    EXPECT_EQ(Documents::textOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
     EXPECT_EQ(runTool({"export", "rich.json", "--data-model", "1.0.0", "--out", "rich.json"}, folder.path()).errors,
               "parameters: The folder rich.json cannot be made: Not a directory.\n");
     arguments.emplace_back("--force");
     EXPECT_EQ(runTool(arguments, folder.path()).status, 0);
-    EXPECT_NE(contentsOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
+    EXPECT_NE(Documents::textOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
 }
 
 TEST(ExportCommand, KeepsTypeidsApartThatMakeOneFileName) {
     const TemporaryFolder folder;
-    std::string lines;
-    for (const char* typeId : {"a/b", "a:b", "A_b"}) {
-        lines += std::string(R"({"typeid":")") + typeId +
-                 R"(","inherits":["quovanta.spec:discipline-1.0.0"],"constants":[{"id":"name","value":"N"}]})" + '\n';
-    }
-    folder.write("a.jsonl", lines);
+    folder.write("a.jsonl", Documents::discipline("a/b", "N") + '\n' + Documents::discipline("a:b", "N") + '\n' +
+                                Documents::discipline("A_b", "N"));
     EXPECT_EQ(runTool({"export", "a.jsonl", "--data-model", "2.0.0", "--out", "out"}, folder.path()).status, 0);
-    EXPECT_EQ(TemporaryFolder::filesIn(folder.path("out")), 3U);
+    EXPECT_EQ(Documents::filesBelow(folder.path("out")).size(), 3U);
 }
 
 TEST(BundleCommand, WritesWhatLoadsByItself) {
     const TemporaryFolder folder;
-    const ProgramRun run = runTool({"bundle", "examples/catalog", "--typeid", diffuser, "--out", folder.path("out")});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.output, "7 documents load by themselves from " + folder.path("out") + ".\n");
-    EXPECT_EQ(contentsOf(folder.path("out/" + diffuserFile)),
-              contentsOf(PARAMETERS_SOURCE_DIR "/examples/catalog/parameters/air/supply-diffuser.json"));
+    const std::vector<std::string> arguments = {"bundle", "examples/catalog", "--typeid", diffuser,
+                                                "--out",  folder.path("out")};
+    EXPECT_THAT(runTool(arguments),
+                FieldsAre(0, "7 documents load by themselves from " + folder.path("out") + ".\n", ""));
+    EXPECT_EQ(Documents::textOf(folder.path("out/acme.building_parameter.supplyDiffuser-1.0.0.json")),
+              Documents::textOf(PARAMETERS_SOURCE_DIR "/examples/catalog/parameters/air/supply-diffuser.json"));
     EXPECT_THAT(runTool({"check", folder.path("out")}).output, EndsWith("7 documents, no faults.\n"));
-    EXPECT_EQ(runTool({"bundle", "examples/catalog", "--typeid", diffuser, "--out", folder.path("out")}).status, 2);
+    EXPECT_EQ(runTool(arguments).status, 2);
 }
 
 TEST(GraphCommand, DrawsKindsWithALegend) {
-    const ProgramRun run = runTool({"graph", "examples/catalog", "--typeid", diffuser, "--depth", "1"});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.output, HasSubstr("  \"" + diffuser + "\" -> \"acme.building:group.airSide-1.0.0\";\n"));
-    EXPECT_THAT(run.output, HasSubstr(R"("legend group" [label="group", shape=octagon,)"));
-    EXPECT_THAT(run.output, Not(HasSubstr("airTerminals")));
+    EXPECT_THAT(runTool({"graph", "examples/catalog", "--typeid", diffuser, "--depth", "1"}).output,
+                AllOf(HasSubstr("  \"" + diffuser + "\" -> \"acme.building:group.airSide-1.0.0\";\n"),
+                      HasSubstr(R"("legend group" [label="group", shape=octagon,)"), Not(HasSubstr("airTerminals"))));
     EXPECT_THAT(runTool({"graph", "examples/catalog"}).output, HasSubstr(R"("legend unit" [label="unit")"));
 }
 
 TEST(GraphCommand, QuotesTypeids) {
-    const TemporaryFolder folder;
-    folder.write("a.json", R"({"typeid":"a\"\\b\n","inherits":["quovanta.spec:discipline-1.0.0"],)"
-                           R"("constants":[{"id":"name","value":"N"}]})");
-    EXPECT_THAT(runTool({"graph", "a.json"}, folder.path()).output, HasSubstr(R"(  "a\"\\b\\x0a" [label="N")"));
+    EXPECT_THAT(runToolOn(Documents::discipline(R"(a\"\\b\n)", "N"), {"graph", "a.jsonl"}).output,
+                HasSubstr(R"(  "a\"\\b\\x0a" [label="N")"));
 }
 
 TEST(GraphCommand, DrawsAPictureThroughGraphviz) {
@@ -134,5 +119,5 @@ TEST(GraphCommand, DrawsAPictureThroughGraphviz) {
         GTEST_SKIP() << "Graphviz is not installed.";
     }
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(contentsOf(folder.path("a.svg")), HasSubstr(">Supply Diffuser</text>"));
+    EXPECT_THAT(Documents::textOf(folder.path("a.svg")), HasSubstr(">Supply Diffuser</text>"));
 }
