@@ -6,7 +6,7 @@ namespace {
 
 /// Stores an object that a caller built.
 template <class Kind> void registerObject(EngineImpl& engine, const typename Kind::Object& object) {
-    engine.primary.addObject<Kind>({engine.validatedNew<Kind>(object), std::nullopt});
+    engine.primary.addObject<Kind>(engine.validatedNew<Kind>(object), {});
 }
 
 } // namespace

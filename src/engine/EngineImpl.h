@@ -19,10 +19,9 @@ struct EngineImpl {
     Registry imported;
     Units::UnitsEngine units;
 
-    [[nodiscard]] bool isRegistered(std::string_view typeId) const {
-        const TypeIdKey key(typeId);
-        return primary.contains(key) || imported.contains(key) || isBuiltInTypeId(typeId) ||
-               units.isRegistered(std::string(typeId));
+    [[nodiscard]] bool isRegistered(const TypeIdKey& key) const {
+        return primary.contains(key) || imported.contains(key) || isBuiltInTypeId(key.typeId) ||
+               units.isRegistered(std::string(key.typeId));
     }
 
     /// The check of everything that is about to be taken in. Imported objects may be registered over.

@@ -48,7 +48,7 @@ template <class Kind> void copyFromContext(const TypeIds& typeIds, EngineImpl& e
     for (const std::string& typeId : typeIds) {
         if (const auto* item = context.primary.find<Kind>(typeId)) {
             const LookupScope scope(engine.units, engine.primary, engine.imported, context.primary);
-            engine.imported.addObject<Kind>({Kind::validated(item->object, scope), item->text});
+            engine.imported.addObject<Kind>(Kind::validated(item->object, scope), item->text);
         }
     }
 }

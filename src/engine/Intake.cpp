@@ -3,7 +3,6 @@
 #include "schema/ValidationExceptionFactory.h"
 
 #include <cstdint>
-#include <memory>
 #include <utility>
 
 namespace Parameters {
@@ -14,41 +13,42 @@ using TypeIds = std::set<std::string>;
 /// Typeids of this library and of the units library.
 using MissingTypeIds = std::pair<TypeIds, TypeIds>;
 
-/// Adds to target those of the typeids that nobody knows. The schema that refers to them is about to be registered.
-void collectMissing(const EngineImpl& engine, const std::string& schemaTypeId, const TypeIdViews& typeIds,
-                    TypeIds& target) {
-    for (const std::string_view typeId : typeIds) {
-        if (typeId != schemaTypeId && !engine.isRegistered(typeId)) {
-            target.emplace(typeId);
-        }
+/// Adds the typeid to target if nobody knows it. The schema that refers to it is about to be registered.
+void collectMissing(const EngineImpl& engine, const TypeIdKey& schemaTypeId, const TypeIdKey& typeId, TypeIds& target) {
+    if (typeId.typeId != schemaTypeId.typeId && !engine.isRegistered(typeId)) {
+        target.emplace(typeId.typeId);
     }
 }
 
 /// Keeps the document as pending if it is of the kind; whether it is. What can fail is done before the store is
 /// touched.
 template <class Kind>
-bool storePending(EngineImpl& engine, SchemaDocument& document, std::uint32_t typeIdHash, const std::string& schemaText,
-                  MissingTypeIds* missing) {
+bool storePending(EngineImpl& engine, const SchemaDocument& document, const TypeIdKey& key,
+                  const std::string& schemaText, MissingTypeIds* missing) {
     auto body = Kind::read(document);
     if (!body) {
         return false;
     }
     if (missing != nullptr) {
-        collectMissing(engine, document.typeId, Kind::dependenciesOfSchema(*body), missing->first);
-        collectMissing(engine, document.typeId, Kind::unitDependenciesOfSchema(*body), missing->second);
+        Kind::dependenciesOfSchema(*body, [&](const TypeIdKey& typeId) { engine.primary.prefetch(typeId); });
+        Kind::dependenciesOfSchema(
+            *body, [&](const TypeIdKey& typeId) { collectMissing(engine, key, typeId, missing->first); });
+        Kind::unitDependenciesOfSchema(
+            *body, [&](const TypeIdKey& typeId) { collectMissing(engine, key, typeId, missing->second); });
     }
-    engine.primary.addPending<Kind>(std::move(document.typeId), typeIdHash, *std::move(body), schemaText);
+    engine.primary.addPending<Kind>(key, *std::move(body), schemaText);
     return true;
 }
 
 /// Whether the document was of one of the library's kinds and is now pending.
 bool takeSchema(EngineImpl& engine, const std::string& schemaText, MissingTypeIds* missing) {
+    static const ValidationExceptionFactory exceptionFactory;
     JSON::Scratch scratch;
-    SchemaDocument document = readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText, &scratch);
+    const SchemaDocument document = readSchemaDocument(exceptionFactory, schemaText, &scratch);
     const TypeIdKey key(document.typeId);
     engine.requireUnregistered(document.typeId, key);
     return IntakeOrder::any(
-        [&](auto kind) { return storePending<decltype(kind)>(engine, document, key.hash, schemaText, missing); });
+        [&](auto kind) { return storePending<decltype(kind)>(engine, document, key, schemaText, missing); });
 }
 
 /// Registers the document here or, if it is of no kind of this library, in the units library.

@@ -1,14 +1,9 @@
 #pragma once
 
 #include <cstddef>
-#include <string_view>
 #include <type_traits>
-#include <vector>
 
 namespace Parameters {
-
-/// Typeids that stand in an object or a body, which must outlive them. One may occur more than once.
-using TypeIdViews = std::vector<std::string_view>;
 
 /// A list of kinds in the order in which an operation treats them. Kinds are the descriptions of Kinds.h.
 template <class... Kinds> struct KindList {

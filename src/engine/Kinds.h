@@ -38,7 +38,8 @@ namespace Parameters {
 //   name             the kind's word in messages
 //   read             body of a document, or no value if the document is of another kind
 //   dependenciesOfSchema, unitDependenciesOfSchema
-//                    typeids that a body refers to here and in the units library, as views into the body
+//                    calls visit with each typeid that a body refers to here and in the units library, which visit may
+//                    replace by an equal one elsewhere
 //   addDependencies  adds the typeids that an object depends on
 //   resolve          object of a body; scope tells where its references may be found
 //   validated        object to store for one that a caller built
@@ -47,8 +48,8 @@ namespace Parameters {
 
 /// What most kinds do: they refer to nothing, and go by their format.
 struct KindDefaults {
-    template <class Body> static TypeIdViews dependenciesOfSchema(const Body& /*body*/) { return {}; }
-    template <class Body> static TypeIdViews unitDependenciesOfSchema(const Body& /*body*/) { return {}; }
+    template <class Body, class Visit> static void dependenciesOfSchema(Body& /*body*/, const Visit& /*visit*/) {}
+    template <class Body, class Visit> static void unitDependenciesOfSchema(Body& /*body*/, const Visit& /*visit*/) {}
     template <class Object>
     static void addDependencies(const Object& /*object*/, std::set<std::string>& /*result*/,
                                 const Units::UnitsEngine& /*units*/, const StoreList<Category>& /*categories*/) {}
@@ -63,7 +64,7 @@ struct EnumerationKind : KindDefaults {
     static constexpr std::string_view name = KindNames::enumeration;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readEnumerationSchema(document); }
-    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& /*scope*/) {
+    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& /*scope*/) {
         return resolveEnumeration(typeId, std::move(body));
     }
     template <class Scope> static Object validated(const Object& enumeration, const Scope& /*scope*/) {
@@ -80,7 +81,7 @@ template <class Number> struct NumericRangeKind : KindDefaults {
     using Body = NumericRangeSchema<Number>;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readNumericRangeSchema<Number>(document); }
-    template <class Scope> static Object resolve(const std::string& typeId, const Body& body, const Scope& /*scope*/) {
+    template <class Scope> static Object resolve(std::string_view typeId, const Body& body, const Scope& /*scope*/) {
         return resolveNumericRange(typeId, body);
     }
     /// Any range is valid.
@@ -103,7 +104,7 @@ struct StringRangeKind : KindDefaults {
     static constexpr std::string_view name = KindNames::stringRange;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readStringRangeSchema(document); }
-    template <class Scope> static Object resolve(const std::string& typeId, const Body& body, const Scope& /*scope*/) {
+    template <class Scope> static Object resolve(std::string_view typeId, const Body& body, const Scope& /*scope*/) {
         return resolveStringRange(typeId, body);
     }
     template <class Scope> static Object validated(const Object& range, const Scope& /*scope*/) {
@@ -120,7 +121,7 @@ template <const BaseSchemas& family> struct TaxonKind : KindDefaults {
     using Body = TaxonSchema;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readTaxonSchema(family, document); }
-    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& /*scope*/) {
+    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& /*scope*/) {
         return resolveTaxon(typeId, std::move(body));
     }
     template <class Scope> static Object validated(const Object& taxon, const Scope& /*scope*/) {
@@ -147,12 +148,14 @@ struct CategoryKind : KindDefaults {
     static constexpr std::string_view name = KindNames::category;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readCategorySchema(document); }
-    static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfCategorySchema(body); }
+    template <class Visit> static void dependenciesOfSchema(Body& body, const Visit& visit) {
+        dependenciesOfCategorySchema(body, visit);
+    }
     static void addDependencies(const Object& category, std::set<std::string>& result,
                                 const Units::UnitsEngine& /*units*/, const StoreList<Category>& categories) {
         dependenciesOfCategory(category, result, categories);
     }
-    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
+    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& scope) {
         return resolveCategory(typeId, std::move(body), scope.template stores<DisciplineKind>(),
                                scope.template stores<DomainKind>());
     }
@@ -171,13 +174,17 @@ struct SpecKind : KindDefaults {
     static constexpr std::string_view name = KindNames::spec;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readSpecSchema(document); }
-    static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfSpecSchema(body); }
-    static TypeIdViews unitDependenciesOfSchema(const Body& body) { return unitDependenciesOfSpecSchema(body); }
+    template <class Visit> static void dependenciesOfSchema(Body& body, const Visit& visit) {
+        dependenciesOfSpecSchema(body, visit);
+    }
+    template <class Visit> static void unitDependenciesOfSchema(Body& body, const Visit& visit) {
+        unitDependenciesOfSpecSchema(body, visit);
+    }
     static void addDependencies(const Object& spec, std::set<std::string>& result, const Units::UnitsEngine& units,
                                 const StoreList<Category>& /*categories*/) {
         dependenciesOfSpec(spec, result, units);
     }
-    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
+    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& scope) {
         return resolveSpec(typeId, std::move(body), scope.template stores<DisciplineKind>(),
                            scope.units().getAllUnits());
     }
@@ -196,12 +203,14 @@ struct ParameterKind : KindDefaults {
     static constexpr std::string_view name = KindNames::parameter;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readParameterSchema(document); }
-    static TypeIdViews dependenciesOfSchema(const Body& body) { return dependenciesOfParameterSchema(body); }
+    template <class Visit> static void dependenciesOfSchema(Body& body, const Visit& visit) {
+        dependenciesOfParameterSchema(body, visit);
+    }
     static void addDependencies(const Object& parameter, std::set<std::string>& result, const Units::UnitsEngine& units,
                                 const StoreList<Category>& categories) {
         dependenciesOfParameter(parameter, result, units, categories);
     }
-    template <class Scope> static Object resolve(const std::string& typeId, Body body, const Scope& scope) {
+    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& scope) {
         return resolveParameter(typeId, std::move(body), storesOf(scope));
     }
     template <class Scope> static Object validated(const Object& parameter, const Scope& scope) {

@@ -9,7 +9,8 @@ void Registry::reserveFor(const Registry& other) {
         auto& items = store<decltype(kind)>();
         makeRoom(items.finished, items.staged.size() + other.store<decltype(kind)>().finished.size());
     });
-    places_.reserveMore(other.places_.size());
+    places_.reserveFor(other.places_);
+    texts_.reserve(other.texts_.usedSize());
 }
 
 void Registry::finishPending() noexcept {
@@ -22,6 +23,7 @@ void Registry::finishPending() noexcept {
         }
         items.clearPending();
     });
+    references_ = {};
 }
 
 void Registry::dropPending() noexcept {
@@ -31,8 +33,12 @@ void Registry::dropPending() noexcept {
         if (!items.pending.empty()) {
             first = std::min(first, items.pending.front().entry);
         }
+        for (const auto& schema : items.pending) {
+            texts_.waste(schema.text.size());
+        }
         items.clearPending();
     });
+    references_ = {};
     places_.eraseIf(first, [](const ItemPlace& place) { return place.isPending; });
 }
 
@@ -45,9 +51,24 @@ void Registry::takeFinished(Registry& other) noexcept {
         visitKind(entry.value.kind, [&](auto kind) {
             using Kind = decltype(kind);
             auto& item = other.store<Kind>().finished[entry.value.position];
-            add<Kind>(store<Kind>().finished, false, std::move(entry.typeId), key.hash, std::move(item));
+            add<Kind>(store<Kind>().finished, false, key, std::move(item));
         });
     }
+}
+
+void Registry::tidyTexts() {
+    TextArena texts;
+    texts.reserve(texts_.usedSize());
+    const auto keep = [&](auto& items) {
+        for (auto& item : items) {
+            item.text = texts.add(item.text);
+        }
+    };
+    AllKinds::forEach([&](auto kind) {
+        keep(store<decltype(kind)>().finished);
+        keep(store<decltype(kind)>().pending);
+    });
+    texts_ = std::move(texts);
 }
 
 } // namespace Parameters

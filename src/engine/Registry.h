@@ -37,10 +37,10 @@ private:
     std::unique_ptr<Value> value_;
 };
 
-/// A schema that has been read and waits for its resolution, with its text byte for byte.
+/// A schema that has been read and waits for its resolution, with its text byte for byte, which is kept elsewhere.
 template <class Body> struct PendingSchema {
     Boxed<Body> body;
-    std::string text;
+    std::string_view text;
     /// Its position in the registry's index.
     std::size_t entry;
 };
@@ -64,12 +64,14 @@ public:
     /// Whether the typeid is that of a finished object or of a pending schema.
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return places_.contains(key); }
 
+    void prefetch(const TypeIdKey& key) const noexcept { places_.prefetch(key); }
+
     template <class Kind> [[nodiscard]] KindStore<Kind>& store() noexcept { return std::get<KindStore<Kind>>(stores_); }
     template <class Kind> [[nodiscard]] const KindStore<Kind>& store() const noexcept {
         return std::get<KindStore<Kind>>(stores_);
     }
 
-    [[nodiscard]] const std::string& typeIdAt(std::size_t entry) const noexcept { return places_[entry].typeId; }
+    [[nodiscard]] std::string_view typeIdAt(std::size_t entry) const noexcept { return places_[entry].typeId; }
 
     /// The finished object, or null.
     template <class Kind> [[nodiscard]] const auto* find(const TypeIdKey& key) const noexcept {
@@ -112,18 +114,19 @@ public:
         throw ValidationException(joined({"Schema with typeid ", typeId, " is already registered."}));
     }
 
-    template <class Kind> void addObject(FinishedItem<typename Kind::Object> item) {
-        std::string typeId = typeIdOf(item.object);
-        const TypeIdKey key(typeId);
+    /// The text is copied.
+    template <class Kind> void addObject(typename Kind::Object object, std::string_view text) {
+        const TypeIdKey key(typeIdOf(object));
         requireAbsent(key);
-        add<Kind>(store<Kind>().finished, false, std::move(typeId), key.hash, std::move(item));
+        add<Kind>(store<Kind>().finished, false, key, {std::move(object), text});
     }
 
-    /// The typeid, whose hash is given, must be absent.
-    template <class Kind>
-    void addPending(std::string typeId, std::uint32_t hash, typename Kind::Body body, std::string text) {
-        add<Kind>(store<Kind>().pending, true, std::move(typeId), hash,
-                  {std::move(body), std::move(text), places_.size()});
+    /// The typeid must be absent. The text is copied, and so are the typeids that the body refers to.
+    template <class Kind> void addPending(const TypeIdKey& key, typename Kind::Body body, std::string_view text) {
+        const auto keep = [&](TypeIdKey& typeId) { typeId.typeId = references_.add(typeId.typeId); };
+        Kind::dependenciesOfSchema(body, keep);
+        Kind::unitDependenciesOfSchema(body, keep);
+        add<Kind>(store<Kind>().pending, true, key, {std::move(body), text, places_.size()});
     }
 
     /// Makes room for finishPending() and then takeFinished() of the other, so that these can't fail half-way.
@@ -158,14 +161,27 @@ private:
                 static_cast<std::uint32_t>(position)};
     }
 
-    /// Adds an item to a store. It may fail where there is no room, and then changes nothing.
+    /// Adds an item to a store, with a copy of its text. It may fail where there is no room, and then changes nothing
+    /// that can be seen.
     template <class Kind, class Item>
-    void add(std::vector<Item>& items, bool arePending, std::string typeId, std::uint32_t hash, Item item) {
+    void add(std::vector<Item>& items, bool arePending, const TypeIdKey& key, Item item) {
+        if (texts_.isWasteful()) {
+            tidyTexts();
+        }
         makeRoom(items, 1);
-        places_.insert(std::move(typeId), hash, placeOf<Kind>(arePending, items.size()));
+        texts_.reserve(item.text.size());
+        places_.insert(key, placeOf<Kind>(arePending, items.size()));
+        item.text = texts_.add(item.text);
         items.push_back(std::move(item));
     }
 
+    /// Lets go of the texts of dropped schemas.
+    void tidyTexts();
+
+    /// The texts of all items.
+    TextArena texts_;
+    /// The typeids that pending schemas refer to.
+    TextArena references_;
     ItemPlaces places_;
     decltype(storesOf(AllKinds{})) stores_;
 };

@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace Parameters {
@@ -12,10 +13,10 @@ namespace {
 /// Of the faults met so far that of the smallest typeid, which is the one to report.
 class FirstFault {
 public:
-    [[nodiscard]] bool isBefore(const std::string& typeId) const noexcept { return fault_ && typeId_ < typeId; }
+    [[nodiscard]] bool isBefore(std::string_view typeId) const noexcept { return fault_ && typeId_ < typeId; }
 
     /// For the handler of an exception that was thrown for a typeid that the fault is not before.
-    void catchCurrent(const std::string& typeId) {
+    void catchCurrent(std::string_view typeId) {
         typeId_ = typeId;
         fault_ = std::current_exception();
     }
@@ -37,7 +38,7 @@ template <class Items, class GetTypeId, class Work>
 void forEachUntilFault(Items& items, GetTypeId getTypeId, Work work) {
     FirstFault fault;
     for (auto& item : items) {
-        const std::string& typeId = getTypeId(item);
+        const std::string_view typeId = getTypeId(item);
         if (fault.isBefore(typeId)) {
             continue;
         }
@@ -54,12 +55,10 @@ void forEachUntilFault(Items& items, GetTypeId getTypeId, Work work) {
 template <class Kind> void stagePending(Registry& registry, const LookupScope& scope) {
     auto& items = registry.store<Kind>();
     items.staged.reserve(items.pending.size());
-    const auto typeIdOfSchema = [&](const auto& schema) -> const std::string& {
-        return registry.typeIdAt(schema.entry);
-    };
+    const auto typeIdOfSchema = [&](const auto& schema) { return registry.typeIdAt(schema.entry); };
     forEachUntilFault(items.pending, typeIdOfSchema, [&](auto& schema) {
         auto object = Kind::resolve(typeIdOfSchema(schema), schema.body.take(), scope);
-        items.staged.push_back({std::move(object), std::move(schema.text)});
+        items.staged.push_back({std::move(object), schema.text});
     });
 }
 

@@ -9,17 +9,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
 namespace Parameters {
 
-/// A finished object with the text that it was registered as. An object that a caller registered directly has no text.
+/// A finished object with the text that it was registered as, which is kept elsewhere. An object that a caller
+/// registered directly has none.
 template <class Object> struct FinishedItem {
     Object object;
-    std::optional<std::string> text;
+    std::string_view text;
 };
 
 /// Where a registry keeps an item.
@@ -86,10 +85,10 @@ private:
 /// A copy of what a schema refers to, by typeid and kind.
 template <class Object>
 [[nodiscard]] Object findDependency(const StoreList<Object>& stores, std::string_view schemaTypeId,
-                                    std::string_view dependencyTypeId) {
-    const Object* found = stores.find(dependencyTypeId);
+                                    const TypeIdKey& dependency) {
+    const Object* found = stores.find(dependency);
     if (found == nullptr) {
-        throw ValidationException(joined({"Dependency ", dependencyTypeId, " in schema ", schemaTypeId,
+        throw ValidationException(joined({"Dependency ", dependency.typeId, " in schema ", schemaTypeId,
                                           " is missing or does not represent an object of the expected type."}));
     }
     return *found;

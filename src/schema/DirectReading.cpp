@@ -3,14 +3,13 @@
 #include "schema/ValidationExceptionFactory.h"
 #include "specs/PrimitiveSpecs.h"
 
-#include <memory>
-
 namespace Parameters {
 
 namespace {
 
 SchemaDocument readDocument(const std::string& text) {
-    return readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), text);
+    static const ValidationExceptionFactory exceptionFactory;
+    return readSchemaDocument(exceptionFactory, text);
 }
 
 /// The type of a form that stands for one, else that of the spec's value type name.

@@ -154,21 +154,33 @@ const char* messageFor(rapidjson::ParseErrorCode code) {
 } // namespace
 
 struct JSON::Tree {
-    Tree(std::shared_ptr<ExceptionFactory> factory, Scratch* scratch)
-        : exceptionFactory(std::move(factory)),
-          pool(scratch != nullptr ? Pool(scratch->memory, sizeof(scratch->memory), poolBlock, &memory)
-                                  : Pool(poolBlock, &memory)) {}
+    explicit Tree(Scratch* scratch)
+        : pool(scratch != nullptr ? Pool(scratch->memory, sizeof(scratch->memory), poolBlock, &memory)
+                                  : Pool(poolBlock, &memory)),
+          isInScratch(scratch != nullptr) {}
 
-    std::shared_ptr<ExceptionFactory> exceptionFactory;
+    static std::unique_ptr<Tree, TreeDeleter> create(Scratch* scratch) {
+        static_assert(sizeof(Tree) <= sizeof(Scratch::tree));
+        return std::unique_ptr<Tree, TreeDeleter>(scratch != nullptr ? new (scratch->tree) Tree(scratch)
+                                                                     : new Tree(nullptr));
+    }
+
     ThrowingAllocator memory;
     Pool pool;
+    bool isInScratch;
     Document document{&pool, stackSize, &memory};
 
     static constexpr std::size_t poolBlock = 64 * 1024;
     static constexpr std::size_t stackSize = 1024;
 };
 
-void JSON::TreeDeleter::operator()(Tree* tree) const noexcept { delete tree; }
+void JSON::TreeDeleter::operator()(Tree* tree) const noexcept {
+    if (tree->isInScratch) {
+        tree->~Tree();
+    } else {
+        delete tree;
+    }
+}
 
 /// The JSON library's side of a handle.
 struct JSON::Access {
@@ -205,9 +217,8 @@ struct JSON::Access {
     static_assert(sizeof(Value) <= sizeof(JSON::own_) && alignof(Value) <= 8, "a value fits a handle");
 };
 
-JSON::JSON(std::unique_ptr<Tree, TreeDeleter> tree) noexcept
-    : viewed_(static_cast<const Value*>(&tree->document)), exceptionFactory_(tree->exceptionFactory.get()),
-      tree_(std::move(tree)) {
+JSON::JSON(std::unique_ptr<Tree, TreeDeleter> tree, const ExceptionFactory* exceptionFactory) noexcept
+    : viewed_(static_cast<const Value*>(&tree->document)), exceptionFactory_(exceptionFactory), tree_(std::move(tree)) {
     new (own_) Value();
 }
 
@@ -251,8 +262,8 @@ JSON& JSON::operator=(JSON&& other) noexcept {
     return *this;
 }
 
-JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text, Scratch* scratch) {
-    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(std::move(exceptionFactory), scratch)));
+JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& text, Scratch* scratch) {
+    JSON json(Tree::create(scratch), &exceptionFactory);
     // Parsed in place: the strings of the tree are parts of the copy.
     char* copy = static_cast<char*>(json.tree_->pool.Malloc(text.size() + 1));
     std::memcpy(copy, text.c_str(), text.size() + 1);
@@ -275,7 +286,7 @@ JSON JSON::parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::
 }
 
 JSON JSON::createDocument(Scratch* scratch) {
-    JSON json(std::unique_ptr<Tree, TreeDeleter>(new Tree(nullptr, scratch)));
+    JSON json(Tree::create(scratch), nullptr);
     json.tree_->document.SetObject();
     return json;
 }
@@ -335,8 +346,8 @@ std::vector<JSON> JSON::getArray() const {
 
 JSON JSON::getElement(std::uint32_t index) const { return {&Access::value(*this)[index], exceptionFactory_}; }
 
-std::map<std::string, std::string> JSON::getStringMap() const {
-    std::map<std::string, std::string> strings;
+std::map<std::string_view, std::string_view> JSON::getStringMap() const {
+    std::map<std::string_view, std::string_view> strings;
     for (const auto& member : Access::value(*this).GetObject()) {
         if (!member.name.IsString()) {
             raise("Expected a map with string keys and values, but key was not a string.");
@@ -344,7 +355,7 @@ std::map<std::string, std::string> JSON::getStringMap() const {
         if (!member.value.IsString()) {
             raise("Expected a map with string keys and values, but value was not a string.");
         }
-        strings[std::string(Access::text(member.name))] = Access::text(member.value);
+        strings[Access::text(member.name)] = Access::text(member.value);
     }
     return strings;
 }

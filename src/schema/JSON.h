@@ -20,13 +20,14 @@ class JSON {
 public:
     /// Memory for one small tree, to be put on the stack by operations that are done with the tree when they return.
     struct Scratch {
+        alignas(16) std::byte tree[320];
         alignas(16) std::byte memory[16 * 1024];
     };
 
     /// Parses text up to its first NUL. Errors are raised through the factory as "JSON parsing error at offset
     /// {offset}: {message}"; a nesting deeper than maximumDepth and a number beyond the range of double are among them.
-    /// The scratch, if there is one, must outlive the tree.
-    [[nodiscard]] static JSON parse(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text,
+    /// The factory and the scratch, if there is one, must outlive the tree.
+    [[nodiscard]] static JSON parse(const ExceptionFactory& exceptionFactory, const std::string& text,
                                     Scratch* scratch = nullptr);
 
     /// Deepest nesting of objects and arrays that parse() accepts: the parser recurses once for each level.
@@ -85,8 +86,9 @@ public:
     [[nodiscard]] std::vector<JSON> getArray() const;
     /// A view of one element, without the vector.
     [[nodiscard]] JSON getElement(std::uint32_t index) const;
-    /// Keys and values of an object of strings; the last of several members of one name counts.
-    [[nodiscard]] std::map<std::string, std::string> getStringMap() const;
+    /// Keys and values of an object of strings; the last of several members of one name counts. They are valid as those
+    /// of getStringView().
+    [[nodiscard]] std::map<std::string_view, std::string_view> getStringMap() const;
 
     /// Compact text: no white space, members in stored order. A number that is not finite ends the text early.
     [[nodiscard]] std::string toString() const;
@@ -101,7 +103,7 @@ private:
     };
     struct Access;
 
-    explicit JSON(std::unique_ptr<Tree, TreeDeleter> tree) noexcept;
+    JSON(std::unique_ptr<Tree, TreeDeleter> tree, const ExceptionFactory* exceptionFactory) noexcept;
     JSON(const void* viewed, const ExceptionFactory* exceptionFactory) noexcept;
 
     /// Room for the value of a value handle; null in the other kinds. Where pointers have more than 48 bits a value
@@ -109,7 +111,6 @@ private:
     alignas(8) std::byte own_[24];
     /// The value outside this handle that operations act on; none in a value handle.
     const void* viewed_ = nullptr;
-    /// Not counted: the tree keeps it alive, and the tree outlives its views.
     const ExceptionFactory* exceptionFactory_ = nullptr;
     std::unique_ptr<Tree, TreeDeleter> tree_;
 };

@@ -3,7 +3,6 @@
 #include "schema/SchemaDocumentWriting.h"
 #include "schema/UnitsErrors.h"
 
-#include <optional>
 #include <utility>
 
 namespace Parameters {
@@ -33,11 +32,11 @@ template <class Kind> std::string naturalText(const typename Kind::Object& objec
 
 /// The one algorithm behind the texts of all kinds.
 template <class Kind>
-std::string compatibleText(const typename Kind::Object& object, const std::optional<std::string>& registeredText,
+std::string compatibleText(const typename Kind::Object& object, std::string_view registeredText,
                            DataModelVersion version) {
     const Conversion conversion = Kind::conversionOf(object);
-    if (registeredText && conversion.representable.contains(version) && conversion.natural.contains(version)) {
-        return *registeredText;
+    if (!registeredText.empty() && conversion.representable.contains(version) && conversion.natural.contains(version)) {
+        return std::string(registeredText);
     }
     return writtenText<Kind>(object, conversion, version);
 }
@@ -53,13 +52,13 @@ std::string ParametersEngine::getSchema(const Parameter& parameter) const {
 }
 
 std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion version, const Parameter& parameter) const {
-    return compatibleText<ParameterKind>(impl_->validatedNew<ParameterKind>(parameter), std::nullopt, version);
+    return compatibleText<ParameterKind>(impl_->validatedNew<ParameterKind>(parameter), {}, version);
 }
 
 std::string ParametersEngine::getSchema(const std::string& typeId) const {
     std::string text;
     const bool found = impl_->primary.visitFinished(typeId, [&](auto kind, const auto& item) {
-        text = item.text ? *item.text : naturalText<decltype(kind)>(item.object);
+        text = item.text.empty() ? naturalText<decltype(kind)>(item.object) : std::string(item.text);
     });
     if (found) {
         return text;

@@ -135,9 +135,9 @@ const JSON* SchemaMembers::find(std::string_view id) const noexcept {
     return found != members_.end() && found->id == id ? &found->json : nullptr;
 }
 
-SchemaDocument readSchemaDocument(std::shared_ptr<ExceptionFactory> exceptionFactory, const std::string& text,
+SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
                                   JSON::Scratch* scratch) {
-    JSON root = JSON::parse(std::move(exceptionFactory), text, scratch);
+    JSON root = JSON::parse(exceptionFactory, text, scratch);
     const JSON typeId = root.getMember(Frame::typeId);
     if (!typeId.isString()) {
         root.raise("Schema must specify a typeid string.");
@@ -156,19 +156,19 @@ SchemaDocument readSchemaDocument(std::shared_ptr<ExceptionFactory> exceptionFac
     return document;
 }
 
-std::string readString(const JSON& json) {
-    std::string text = readAnyString(json);
+std::string_view readString(const JSON& json) {
+    const std::string_view text = readAnyString(json);
     if (text.empty()) {
         json.raise("Expected a non-empty string.");
     }
     return text;
 }
 
-std::string readAnyString(const JSON& json) {
+std::string_view readAnyString(const JSON& json) {
     if (!json.isString()) {
         json.raise("Expected a string.");
     }
-    return json.getString();
+    return json.getStringView();
 }
 
 double readNumber(const JSON& json) {
@@ -192,7 +192,7 @@ bool readBool(const JSON& json) {
     return json.getBool();
 }
 
-std::string readTypedValue(const JSON& json) {
+std::string_view readTypedValue(const JSON& json) {
     if (!json.isObject()) {
         json.raise("A typedValue must be an object.");
     }
@@ -200,7 +200,7 @@ std::string readTypedValue(const JSON& json) {
         // The form that nearly all have. Anything else is looked at as a whole, to say what is wrong with it.
         const JSON typeId = json.getMember(Frame::typeId);
         if (typeId.isString() && !typeId.getStringView().empty()) {
-            return typeId.getString();
+            return typeId.getStringView();
         }
     }
     const auto attributes = json.getStringMap();
@@ -217,11 +217,11 @@ std::string readTypedValue(const JSON& json) {
     return typeId;
 }
 
-std::vector<std::string> readTypedValueArray(const JSON& json) {
+std::vector<std::string_view> readTypedValueArray(const JSON& json) {
     if (!json.isArray()) {
         json.raise("Expected an array of typedValue objects.");
     }
-    std::vector<std::string> typeIds;
+    std::vector<std::string_view> typeIds;
     typeIds.reserve(json.getSize());
     for (std::uint32_t i = 0; i < json.getSize(); ++i) {
         typeIds.push_back(readTypedValue(json.getElement(i)));
@@ -233,13 +233,14 @@ void raiseUndefinedConstant(const SchemaDocument& document, std::string_view key
     document.raise(joined({"Schema ", document.typeId, " has an undefined ", key, " constant."}));
 }
 
-std::string readStringConstant(const SchemaDocument& document, std::string_view key, std::optional<std::string> value) {
-    return readConstant(document, key, std::move(value), readString);
+std::string_view readStringConstant(const SchemaDocument& document, std::string_view key,
+                                    std::optional<std::string_view> value) {
+    return readConstant(document, key, value, readString);
 }
 
-std::string readAnyStringConstant(const SchemaDocument& document, std::string_view key,
-                                  std::optional<std::string> value) {
-    return readConstant(document, key, std::move(value), readAnyString);
+std::string_view readAnyStringConstant(const SchemaDocument& document, std::string_view key,
+                                       std::optional<std::string_view> value) {
+    return readConstant(document, key, value, readAnyString);
 }
 
 double readNumberConstant(const SchemaDocument& document, std::string_view key, std::optional<double> value) {
@@ -255,32 +256,32 @@ bool readBoolConstant(const SchemaDocument& document, std::string_view key, std:
     return readConstant(document, key, value, readBool);
 }
 
-std::string readTypedValueConstant(const SchemaDocument& document, std::string_view key,
-                                   std::optional<std::string> value) {
-    return readConstant(document, key, std::move(value), readTypedValue);
+std::string_view readTypedValueConstant(const SchemaDocument& document, std::string_view key,
+                                        std::optional<std::string_view> value) {
+    return readConstant(document, key, value, readTypedValue);
 }
 
-std::vector<std::string> readTypedValueArrayConstant(const SchemaDocument& document, std::string_view key,
-                                                     std::optional<std::vector<std::string>> value) {
+std::vector<std::string_view> readTypedValueArrayConstant(const SchemaDocument& document, std::string_view key,
+                                                          std::optional<std::vector<std::string_view>> value) {
     return readConstant(document, key, std::move(value), readTypedValueArray);
 }
 
-std::optional<std::string> readTypeIdAttribute(const JSON& json) {
+std::optional<std::string_view> readTypeIdAttribute(const JSON& json) {
     const JSON typeId = json.getMember(Frame::typeId);
     return typeId.exists() ? std::optional(readString(typeId)) : std::nullopt;
 }
 
-std::string readPropertyTypeId(const SchemaDocument& document, std::string_view key) {
+std::string_view readPropertyTypeId(const SchemaDocument& document, std::string_view key) {
     const JSON* property = document.properties.find(key);
     if (property == nullptr) {
         document.raise(joined({"Schema ", document.typeId, " has an undefined \"", key, "\" property."}));
     }
-    auto typeId = readTypeIdAttribute(*property);
+    const auto typeId = readTypeIdAttribute(*property);
     if (!typeId) {
         document.raise(
             joined({"Property \"", key, "\" in schema ", document.typeId, " must specify a nonempty typeid string."}));
     }
-    return *std::move(typeId);
+    return *typeId;
 }
 
 } // namespace Parameters

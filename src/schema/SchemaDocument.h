@@ -61,8 +61,8 @@ struct SchemaDocument {
 };
 
 /// Parses a text and checks the frame. All errors of it, and of the readers below, are raised through the factory.
-[[nodiscard]] SchemaDocument readSchemaDocument(std::shared_ptr<ExceptionFactory> exceptionFactory,
-                                                const std::string& text, JSON::Scratch* scratch = nullptr);
+[[nodiscard]] SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
+                                                JSON::Scratch* scratch = nullptr);
 
 /// What to do with the member of one key.
 template <class Handle> struct MemberHandler {
@@ -82,15 +82,15 @@ template <class... Handles> void readMembers(const SchemaMembers& section, const
     (read(handlers), ...);
 }
 
-/// Reads of one JSON value, each with the tests and errors of its form.
-[[nodiscard]] std::string readString(const JSON& json);
-[[nodiscard]] std::string readAnyString(const JSON& json);
+/// Reads of one JSON value, each with the tests and errors of its form. Texts are views into the document.
+[[nodiscard]] std::string_view readString(const JSON& json);
+[[nodiscard]] std::string_view readAnyString(const JSON& json);
 [[nodiscard]] double readNumber(const JSON& json);
 [[nodiscard]] std::int64_t readInteger(const JSON& json);
 [[nodiscard]] bool readBool(const JSON& json);
 /// The typeid of an object with a "typeid" attribute and no other.
-[[nodiscard]] std::string readTypedValue(const JSON& json);
-[[nodiscard]] std::vector<std::string> readTypedValueArray(const JSON& json);
+[[nodiscard]] std::string_view readTypedValue(const JSON& json);
+[[nodiscard]] std::vector<std::string_view> readTypedValueArray(const JSON& json);
 
 [[noreturn]] void raiseUndefinedConstant(const SchemaDocument& document, std::string_view key);
 
@@ -107,28 +107,28 @@ template <class Result>
 }
 
 /// A non-empty string.
-[[nodiscard]] std::string readStringConstant(const SchemaDocument& document, std::string_view key,
-                                             std::optional<std::string> value = std::nullopt);
+[[nodiscard]] std::string_view readStringConstant(const SchemaDocument& document, std::string_view key,
+                                                  std::optional<std::string_view> value = std::nullopt);
 /// A string that may be empty.
-[[nodiscard]] std::string readAnyStringConstant(const SchemaDocument& document, std::string_view key,
-                                                std::optional<std::string> value = std::nullopt);
+[[nodiscard]] std::string_view readAnyStringConstant(const SchemaDocument& document, std::string_view key,
+                                                     std::optional<std::string_view> value = std::nullopt);
 [[nodiscard]] double readNumberConstant(const SchemaDocument& document, std::string_view key,
                                         std::optional<double> value = std::nullopt);
 [[nodiscard]] std::int64_t readIntegerConstant(const SchemaDocument& document, std::string_view key,
                                                std::optional<std::int64_t> value = std::nullopt);
 [[nodiscard]] bool readBoolConstant(const SchemaDocument& document, std::string_view key,
                                     std::optional<bool> value = std::nullopt);
-[[nodiscard]] std::string readTypedValueConstant(const SchemaDocument& document, std::string_view key,
-                                                 std::optional<std::string> value = std::nullopt);
-[[nodiscard]] std::vector<std::string>
+[[nodiscard]] std::string_view readTypedValueConstant(const SchemaDocument& document, std::string_view key,
+                                                      std::optional<std::string_view> value = std::nullopt);
+[[nodiscard]] std::vector<std::string_view>
 readTypedValueArrayConstant(const SchemaDocument& document, std::string_view key,
-                            std::optional<std::vector<std::string>> value = std::nullopt);
+                            std::optional<std::vector<std::string_view>> value = std::nullopt);
 
 /// The "typeid" attribute of a value, a non-empty string; nothing if there is no such attribute or the value is no
 /// object.
-[[nodiscard]] std::optional<std::string> readTypeIdAttribute(const JSON& json);
+[[nodiscard]] std::optional<std::string_view> readTypeIdAttribute(const JSON& json);
 
 /// The "typeid" attribute of a property.
-[[nodiscard]] std::string readPropertyTypeId(const SchemaDocument& document, std::string_view key);
+[[nodiscard]] std::string_view readPropertyTypeId(const SchemaDocument& document, std::string_view key);
 
 } // namespace Parameters

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "schema/TextArena.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -16,12 +18,13 @@ namespace Parameters {
 
 /// A typeid with its hash, which serves the look-ups in several maps.
 struct TypeIdKey {
+    TypeIdKey() noexcept = default;
     // Implicit, so that a typeid can be looked up as it is.
     TypeIdKey(std::string_view key) noexcept : typeId(key), hash(hashOfTypeId(key)) {}
     TypeIdKey(const std::string& key) noexcept : TypeIdKey(std::string_view(key)) {}
 
     std::string_view typeId;
-    std::uint32_t hash;
+    std::uint32_t hash = 0;
 };
 
 /// Makes room for that many further items, and when it has to grow, for as many as there are.
@@ -37,7 +40,7 @@ template <class Item> void makeRoom(std::vector<Item>& items, std::size_t count)
 template <class Value> class TypeIdMap {
 public:
     struct Entry {
-        std::string typeId;
+        std::string_view typeId;
         Value value;
     };
 
@@ -67,26 +70,25 @@ public:
     }
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return find(key) != nullptr; }
 
-    /// Makes room for that many further entries, so that inserting them can't fail.
-    void reserveMore(std::size_t count) {
-        static_assert(std::is_nothrow_move_constructible_v<Value>, "what was reserved must not fail");
-        makeRoom(entries_, count);
-        const std::size_t needed = entries_.size() + count;
-        if (2 * needed > slots_.size()) {
-            rehash(needed);
+    /// Has the memory fetched that looking up the key begins with, which takes a while in a large map.
+    void prefetch(const TypeIdKey& key) const noexcept {
+        if (!slots_.empty()) {
+            __builtin_prefetch(&slots_[key.hash & mask()]);
         }
     }
 
-    /// Adds an entry; the map must not hold the typeid yet. Without room reserved it may fail and then changes nothing.
-    void insert(std::string typeId, Value value) {
-        const std::uint32_t hash = hashOfTypeId(typeId);
-        insert(std::move(typeId), hash, std::move(value));
+    /// Makes room for the entries of another map, so that inserting them can't fail.
+    void reserveFor(const TypeIdMap& other) {
+        static_assert(std::is_nothrow_move_constructible_v<Value>, "what was reserved must not fail");
+        reserveMore(other.size());
+        typeIds_.reserve(other.typeIds_.usedSize());
     }
-    /// The same for one whose hash is known.
-    void insert(std::string typeId, std::uint32_t hash, Value value) {
+
+    /// Adds an entry; the map must not hold the typeid yet. Without room reserved it may fail and then changes nothing.
+    void insert(const TypeIdKey& key, Value value) {
         reserveMore(1);
-        entries_.push_back(Entry{std::move(typeId), std::move(value)});
-        place(slots_, Slot{hash, static_cast<std::uint32_t>(entries_.size() - 1)});
+        entries_.push_back(Entry{typeIds_.add(key.typeId), std::move(value)});
+        place(slots_, Slot{key.hash, static_cast<std::uint32_t>(entries_.size() - 1)});
     }
 
     /// Removes the entries from a position on for whose values test returns true.
@@ -95,8 +97,14 @@ public:
         for (std::size_t i = first; i < entries_.size(); ++i) {
             vacate(i);
         }
-        const auto isErased = [&test](const Entry& entry) { return test(entry.value); };
-        entries_.erase(std::remove_if(begin, entries_.end(), isErased), entries_.end());
+        const auto lose = [&](const Entry& entry) {
+            const bool isErased = test(entry.value);
+            if (isErased) {
+                typeIds_.waste(entry.typeId.size());
+            }
+            return isErased;
+        };
+        entries_.erase(std::remove_if(begin, entries_.end(), lose), entries_.end());
         for (std::size_t i = first; i < entries_.size(); ++i) {
             place(slots_, Slot{hashOfTypeId(entries_[i].typeId), static_cast<std::uint32_t>(i)});
         }
@@ -125,6 +133,27 @@ private:
     static constexpr std::uint32_t vacant = 0xFFFFFFFF;
 
     [[nodiscard]] std::size_t mask() const noexcept { return slots_.size() - 1; }
+
+    void reserveMore(std::size_t count) {
+        if (typeIds_.isWasteful()) {
+            tidyUp();
+        }
+        makeRoom(entries_, count);
+        const std::size_t needed = entries_.size() + count;
+        if (2 * needed > slots_.size()) {
+            rehash(needed);
+        }
+    }
+
+    /// Lets go of the typeids of erased entries.
+    void tidyUp() {
+        TextArena typeIds;
+        typeIds.reserve(typeIds_.usedSize());
+        for (Entry& entry : entries_) {
+            entry.typeId = typeIds.add(entry.typeId);
+        }
+        typeIds_ = std::move(typeIds);
+    }
 
     /// The number of slots is a power of two, and at most half of them are taken.
     void rehash(std::size_t needed) {
@@ -165,6 +194,7 @@ private:
         slots[i] = taken;
     }
 
+    TextArena typeIds_;
     std::vector<Entry> entries_;
     std::vector<Slot> slots_;
 };

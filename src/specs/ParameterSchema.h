@@ -1,6 +1,5 @@
 #pragma once
 
-#include "engine/KindList.h"
 #include "schema/SchemaDocument.h"
 #include "specs/ParameterStores.h"
 #include "specs/RangeConstant.h"
@@ -11,28 +10,31 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <type_traits>
 #include <variant>
 
 namespace Parameters {
 
 /// The typeid of a category that limits a parameter.
 struct CategoryReference {
-    std::string typeId;
+    TypeIdKey typeId;
 };
 
 /// The typeid of an enumeration that limits a parameter.
 struct EnumerationReference {
-    std::string typeId;
+    TypeIdKey typeId;
 };
 
-/// A parameter document of any form that has been read and not yet resolved.
+/// A parameter document of any form that has been read and not yet resolved. Its references are views into the document
+/// until they are stored elsewhere.
 struct ParameterSchema {
     std::string name;
     std::string description;
     std::string sampleText;
-    std::string group;
+    TypeIdKey group;
     /// Wherever the form names it.
-    std::string spec;
+    TypeIdKey spec;
     std::variant<std::monostate, CategoryReference, EnumerationReference, RangeConstant<FloatRange>,
                  RangeConstant<IntRange>, RangeConstant<StringRange>>
         range;
@@ -44,15 +46,27 @@ struct ParameterSchema {
 /// No value if the document is no parameter.
 [[nodiscard]] std::optional<ParameterSchema> readParameterSchema(const SchemaDocument& document);
 
-[[nodiscard]] Parameter resolveParameter(const std::string& typeId, ParameterSchema schema,
+[[nodiscard]] Parameter resolveParameter(std::string_view typeId, ParameterSchema schema,
                                          const ParameterStores& stores);
 
 /// The spec that a parameter document names: a legacy base spec by its typeid alone, any other as it is registered.
-[[nodiscard]] Spec resolveSpecOfParameter(const std::string& typeId, const ParameterSchema& schema,
+[[nodiscard]] Spec resolveSpecOfParameter(std::string_view typeId, const ParameterSchema& schema,
                                           const StoreList<Spec>& specStores);
 
-/// Typeids that the schema waits for.
-[[nodiscard]] TypeIdViews dependenciesOfParameterSchema(const ParameterSchema& schema);
+/// Calls visit with each typeid that the schema waits for.
+template <class Visit> void dependenciesOfParameterSchema(ParameterSchema& schema, const Visit& visit) {
+    visit(schema.group);
+    visit(schema.spec);
+    std::visit(
+        [&](auto& range) {
+            if constexpr (!std::is_same_v<decltype(range), std::monostate&>) {
+                if (!range.typeId.typeId.empty()) {
+                    visit(range.typeId);
+                }
+            }
+        },
+        schema.range);
+}
 
 /// Adds the typeids that a finished parameter depends on, those of its spec and its category included.
 void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,

@@ -44,12 +44,12 @@ struct ParameterForm {
 };
 
 void readSpecConstant(const SchemaDocument& document, const ParameterForm& form, ParameterSchema& schema) {
-    schema.spec = readTypedValueConstant(
-        document, specKey, form.defaultSpec.empty() ? std::nullopt : std::optional<std::string>(form.defaultSpec));
+    schema.spec = readTypedValueConstant(document, specKey,
+                                         form.defaultSpec.empty() ? std::nullopt : std::optional(form.defaultSpec));
 }
 
 /// The category that a family type takes as an override.
-std::string readFamilyTypeCategory(const SchemaDocument& document, const JSON& json, const std::string& spec) {
+std::string_view readFamilyTypeCategory(const SchemaDocument& document, const JSON& json, std::string_view spec) {
     if (!containsPrefix(spec, Vocabulary::familyTypeSpec.majorPrefix)) {
         document.raise("Reference parameter schema may use only major version 1 of the family type base spec.");
     }
@@ -61,12 +61,12 @@ std::string readFamilyTypeCategory(const SchemaDocument& document, const JSON& j
     if (!value.isObject()) {
         document.raise("Inline typedValue override in spec constant typedValue must be an object.");
     }
-    auto category = readTypeIdAttribute(value.getMember(categoryKey));
+    const auto category = readTypeIdAttribute(value.getMember(categoryKey));
     if (!category) {
         document.raise("Inline typedValue override in spec constant typedValue must specify an object with a typeid "
                        "string attribute for constant category.");
     }
-    return *std::move(category);
+    return *category;
 }
 
 /// The spec of a reference parameter, which takes a family type with its category, too.
@@ -74,21 +74,20 @@ void readReferenceSpecConstant(const SchemaDocument& document, const ParameterFo
     schema.spec = form.defaultSpec;
     readMembers(
         document.constants,
-        MemberHandler{
-            specKey, [&](const JSON& json) {
-                auto spec = readTypeIdAttribute(json);
-                if (!spec) {
-                    document.raise(
-                        joined({"Parameter schema ", document.typeId,
-                                " must specify a typeid string attribute in its spec constant typedValue."}));
-                }
-                schema.spec = *std::move(spec);
-                if (containsPrefix(schema.spec, Vocabulary::familyTypeSpec.prefix)) {
-                    schema.range = CategoryReference{readFamilyTypeCategory(document, json, schema.spec)};
-                } else if (json.hasMember(Frame::value) || json.hasMember(Frame::typedValue)) {
-                    document.raise(joined({"Inline value override for spec ", schema.spec, " is not permitted."}));
-                }
-            }});
+        MemberHandler{specKey, [&](const JSON& json) {
+                          const auto spec = readTypeIdAttribute(json);
+                          if (!spec) {
+                              document.raise(
+                                  joined({"Parameter schema ", document.typeId,
+                                          " must specify a typeid string attribute in its spec constant typedValue."}));
+                          }
+                          schema.spec = *spec;
+                          if (containsPrefix(*spec, Vocabulary::familyTypeSpec.prefix)) {
+                              schema.range = CategoryReference{readFamilyTypeCategory(document, json, *spec)};
+                          } else if (json.hasMember(Frame::value) || json.hasMember(Frame::typedValue)) {
+                              document.raise(joined({"Inline value override for spec ", *spec, " is not permitted."}));
+                          }
+                      }});
 }
 
 void readCategoryConstant(const SchemaDocument& document, const ParameterForm& /*form*/, ParameterSchema& schema) {
@@ -110,9 +109,9 @@ void readDataPropertyOrEnumeration(const SchemaDocument& document, const Paramet
         readDataProperty(document, form, schema);
         return;
     }
-    auto body = readEnumerationParameterSchema(document);
-    schema.spec = std::move(body.spec);
-    schema.range = EnumerationReference{std::move(body.enumeration)};
+    const auto body = readEnumerationParameterSchema(document);
+    schema.spec = body.spec;
+    schema.range = EnumerationReference{body.enumeration};
 }
 
 // The base schemas under which a form takes an inline range.
@@ -153,14 +152,14 @@ constexpr ParameterForm forms[] = {
 };
 static_assert(std::size(forms) == 10, "one row for each form");
 
-Taxon resolveGroup(const std::string& typeId, const std::string& group, const StoreList<Taxon>& groupStores) {
-    return containsPrefix(group, Vocabulary::group.prefix) ? DefaultTaxa::groups().withTypeId(group)
-                                                           : findDependency(groupStores, typeId, group);
+Taxon resolveGroup(std::string_view typeId, const TypeIdKey& group, const StoreList<Taxon>& groupStores) {
+    return containsPrefix(group.typeId, Vocabulary::group.prefix) ? DefaultTaxa::groups().withTypeId(group.typeId)
+                                                                  : findDependency(groupStores, typeId, group);
 }
 
 /// The range of a parameter document, by the alternative that its form gave it.
 struct RangeResolution {
-    const std::string& typeId;
+    std::string_view typeId;
     const ParameterStores& stores;
 
     ParameterRange operator()(std::monostate none) const { return none; }
@@ -181,16 +180,6 @@ struct RangeResolution {
     }
 };
 
-/// The typeid that limits a parameter, or null.
-struct RangeTypeId {
-    const std::string* operator()(std::monostate /*none*/) const { return nullptr; }
-    const std::string* operator()(const CategoryReference& category) const { return &category.typeId; }
-    const std::string* operator()(const EnumerationReference& enumeration) const { return &enumeration.typeId; }
-    template <class Range> const std::string* operator()(const RangeConstant<Range>& range) const {
-        return range.rangeTypeId ? &*range.rangeTypeId : nullptr;
-    }
-};
-
 } // namespace
 
 std::optional<ParameterSchema> readParameterSchema(const SchemaDocument& document) {
@@ -203,10 +192,9 @@ std::optional<ParameterSchema> readParameterSchema(const SchemaDocument& documen
     ParameterSchema schema;
     schema.primitiveType = form->primitiveType;
     schema.name = readStringConstant(document, Frame::name);
-    schema.description = readAnyStringConstant(document, "description", std::string());
-    schema.sampleText = readAnyStringConstant(document, "sampleText", std::string());
-    schema.group =
-        readTypedValueConstant(document, "group", std::string(baseFor(Vocabulary::group, document.schemaFormat)));
+    schema.description = readAnyStringConstant(document, "description", "");
+    schema.sampleText = readAnyStringConstant(document, "sampleText", "");
+    schema.group = readTypedValueConstant(document, "group", baseFor(Vocabulary::group, document.schemaFormat));
     schema.readOnly = readBoolConstant(document, "readOnly", false);
     for (const ReadStep step : {form->readSpec, form->readRange, form->readData}) {
         if (step != nullptr) {
@@ -216,27 +204,18 @@ std::optional<ParameterSchema> readParameterSchema(const SchemaDocument& documen
     return schema;
 }
 
-Spec resolveSpecOfParameter(const std::string& typeId, const ParameterSchema& schema,
-                            const StoreList<Spec>& specStores) {
-    const Spec* base = findLegacyBaseSpec(schema.spec);
+Spec resolveSpecOfParameter(std::string_view typeId, const ParameterSchema& schema, const StoreList<Spec>& specStores) {
+    const Spec* base = findLegacyBaseSpec(schema.spec.typeId);
     return base != nullptr ? *base : findDependency(specStores, typeId, schema.spec);
 }
 
-Parameter resolveParameter(const std::string& typeId, ParameterSchema schema, const ParameterStores& stores) {
+Parameter resolveParameter(std::string_view typeId, ParameterSchema schema, const ParameterStores& stores) {
     Taxon group = resolveGroup(typeId, schema.group, stores.groups);
     ParameterRange range = std::visit(RangeResolution{typeId, stores}, schema.range);
     Spec spec = resolveSpecOfParameter(typeId, schema, stores.specs);
-    return Internals::make<Parameter>(typeId, std::move(schema.name), std::move(schema.description),
+    return Internals::make<Parameter>(std::string(typeId), std::move(schema.name), std::move(schema.description),
                                       std::move(schema.sampleText), std::move(group), std::move(spec), std::move(range),
                                       schema.readOnly);
-}
-
-TypeIdViews dependenciesOfParameterSchema(const ParameterSchema& schema) {
-    TypeIdViews typeIds = {schema.group, schema.spec};
-    if (const std::string* range = std::visit(RangeTypeId{}, schema.range)) {
-        typeIds.emplace_back(*range);
-    }
-    return typeIds;
 }
 
 void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -19,7 +18,8 @@ namespace Parameters {
 /// The "range" constant of a parameter's document: nothing, the typeid of a range, or a range given inline under the
 /// typeid of a base schema.
 template <class Range> struct RangeConstant {
-    std::optional<std::string> rangeTypeId;
+    /// Empty where the constant is missing.
+    TypeIdKey typeId;
     std::optional<Range> inlineRange;
 };
 
@@ -45,13 +45,14 @@ template <class Range, class Bases>
         document.constants,
         MemberHandler{
             "range", [&](const JSON& json) {
-                constant.rangeTypeId = readTypeIdAttribute(json);
-                if (!constant.rangeTypeId) {
+                const auto rangeTypeId = readTypeIdAttribute(json);
+                if (!rangeTypeId) {
                     document.raise(
                         joined({"Schema ", document.typeId,
                                 " must specify a typeid string attribute in its range constant typedValue."}));
                 }
-                const std::string& typeId = *constant.rangeTypeId;
+                const std::string_view typeId = *rangeTypeId;
+                constant.typeId = typeId;
                 const JSON value = json.getMember(Frame::value);
                 if (std::find(inlineBases.begin(), inlineBases.end(), typeId) != inlineBases.end()) {
                     if (!json.hasMember(Frame::value)) {
@@ -72,15 +73,15 @@ template <class Range, class Bases>
 
 /// The inline range, the range that the constant names, or none.
 template <class Range>
-[[nodiscard]] ParameterRange resolveRangeConstant(const RangeConstant<Range>& constant, const std::string& schemaTypeId,
+[[nodiscard]] ParameterRange resolveRangeConstant(const RangeConstant<Range>& constant, std::string_view schemaTypeId,
                                                   const StoreList<Range>& stores) {
     if (constant.inlineRange) {
         return *constant.inlineRange;
     }
-    if (constant.rangeTypeId) {
-        return findDependency(stores, schemaTypeId, *constant.rangeTypeId);
+    if (constant.typeId.typeId.empty()) {
+        return std::monostate();
     }
-    return std::monostate();
+    return findDependency(stores, schemaTypeId, constant.typeId);
 }
 
 } // namespace Parameters

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "engine/KindList.h"
 #include "engine/StoreList.h"
 #include "schema/SchemaDocument.h"
 
@@ -11,6 +10,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -18,8 +18,8 @@ namespace Parameters {
 
 /// What a measurable spec document adds: typeids of units.
 struct MeasurableSpecSchema {
-    std::vector<std::string> applicableUnits;
-    std::string storageUnit;
+    std::vector<TypeIdKey> applicableUnits;
+    TypeIdKey storageUnit;
 };
 
 /// What a complex spec document adds: a value type, if it declares one.
@@ -29,9 +29,10 @@ struct ComplexSpecSchema {
 };
 
 /// A spec document that has been read and not yet resolved. A simple spec adds nothing to its base schema but a name.
+/// Its references are views into the document until they are stored elsewhere.
 struct SpecSchema {
     std::string name;
-    std::string discipline;
+    TypeIdKey discipline;
     std::string baseSchema;
     Units::SchemaFormat schemaFormat;
     std::variant<std::monostate, MeasurableSpecSchema, ComplexSpecSchema> shape;
@@ -40,13 +41,23 @@ struct SpecSchema {
 /// No value if the document is no spec.
 [[nodiscard]] std::optional<SpecSchema> readSpecSchema(const SchemaDocument& document);
 
-[[nodiscard]] Spec resolveSpec(const std::string& typeId, SpecSchema schema, const StoreList<Taxon>& disciplineStores,
+[[nodiscard]] Spec resolveSpec(std::string_view typeId, SpecSchema schema, const StoreList<Taxon>& disciplineStores,
                                const std::map<std::string, Units::Unit>& allUnits);
 
-/// Typeids that the schema waits for in this library.
-[[nodiscard]] TypeIdViews dependenciesOfSpecSchema(const SpecSchema& schema);
-/// Typeids that the schema waits for in the units library.
-[[nodiscard]] TypeIdViews unitDependenciesOfSpecSchema(const SpecSchema& schema);
+/// Calls visit with each typeid that the schema waits for in this library.
+template <class Visit> void dependenciesOfSpecSchema(SpecSchema& schema, const Visit& visit) {
+    visit(schema.discipline);
+}
+
+/// Calls visit with each typeid that the schema waits for in the units library.
+template <class Visit> void unitDependenciesOfSpecSchema(SpecSchema& schema, const Visit& visit) {
+    if (auto* body = std::get_if<MeasurableSpecSchema>(&schema.shape)) {
+        for (TypeIdKey& unit : body->applicableUnits) {
+            visit(unit);
+        }
+        visit(body->storageUnit);
+    }
+}
 
 /// Adds the typeids that a finished spec depends on.
 void dependenciesOfSpec(const Spec& spec, std::set<std::string>& result, const Units::UnitsEngine& unitsEngine);

@@ -31,11 +31,11 @@ std::vector<std::string> readTypeIdObjects(const JSON& json, bool (*sizeIsRight)
     }
     std::vector<std::string> typeIds;
     for (const JSON& element : json.getArray()) {
-        auto typeId = readTypeIdAttribute(element);
+        const auto typeId = readTypeIdAttribute(element);
         if (!typeId) {
             json.raise(message);
         }
-        typeIds.push_back(*std::move(typeId));
+        typeIds.emplace_back(*typeId);
     }
     return typeIds;
 }
@@ -59,7 +59,7 @@ Context readContext(const JSON& property) {
     if (!property.hasMember("context")) {
         return Context::Single;
     }
-    const std::string word = readString(property.getMember("context"));
+    const std::string_view word = readString(property.getMember("context"));
     const auto* named = std::find_if(contextWords.begin(), contextWords.end(),
                                      [&](const ContextWord& candidate) { return candidate.word == word; });
     if (named == contextWords.end()) {
@@ -70,7 +70,9 @@ Context readContext(const JSON& property) {
 
 ComplexSpecSchema readValueProperty(const SchemaDocument& document, const JSON& property) {
     ComplexSpecSchema schema;
-    schema.value = readTypeIdAttribute(property);
+    if (const auto typeId = readTypeIdAttribute(property)) {
+        schema.value = std::string(*typeId);
+    }
     const auto requireUnset = [&] {
         if (schema.value) {
             property.raise(std::string(valueAttributes));
@@ -101,8 +103,8 @@ struct SpecShape {
 void readSimpleBody(const SchemaDocument& /*document*/, SpecSchema& /*schema*/) {}
 
 void readMeasurableBody(const SchemaDocument& document, SpecSchema& schema) {
-    auto units = readTypedValueArrayConstant(document, "applicableUnits", std::vector<std::string>());
-    schema.shape = MeasurableSpecSchema{std::move(units), readTypedValueConstant(document, "storageUnit")};
+    const auto units = readTypedValueArrayConstant(document, "applicableUnits", std::vector<std::string_view>());
+    schema.shape = MeasurableSpecSchema{{units.begin(), units.end()}, readTypedValueConstant(document, "storageUnit")};
 }
 
 void readComplexBody(const SchemaDocument& document, SpecSchema& schema) {
@@ -128,29 +130,30 @@ constexpr std::array<SpecShape, 6> shapes = {{
 
 /// The discipline under its typeid. Those of the base discipline need none registered and are of the legacy format,
 /// whichever version they name.
-Taxon resolveDiscipline(const std::string& typeId, const SpecSchema& schema, const StoreList<Taxon>& disciplineStores) {
-    if (!containsPrefix(schema.discipline, Vocabulary::discipline.prefix)) {
+Taxon resolveDiscipline(std::string_view typeId, const SpecSchema& schema, const StoreList<Taxon>& disciplineStores) {
+    if (!containsPrefix(schema.discipline.typeId, Vocabulary::discipline.prefix)) {
         return findDependency(disciplineStores, typeId, schema.discipline);
     }
-    return {schema.discipline, std::string(Vocabulary::defaultDisciplineName), Units::SchemaFormat::PropertySets};
+    return {std::string(schema.discipline.typeId), std::string(Vocabulary::defaultDisciplineName),
+            Units::SchemaFormat::PropertySets};
 }
 
-const Units::Unit& resolveUnit(const std::string& typeId, std::string_view constant, const std::string& unitTypeId,
+const Units::Unit& resolveUnit(std::string_view typeId, std::string_view constant, const TypeIdKey& unit,
                                const std::map<std::string, Units::Unit>& allUnits) {
-    const auto unit = allUnits.find(unitTypeId);
-    if (unit == allUnits.end()) {
-        throw ValidationException(joined({"Typeid ", unitTypeId, " ", constant, " constant in measurable spec schema ",
+    const auto found = allUnits.find(std::string(unit.typeId));
+    if (found == allUnits.end()) {
+        throw ValidationException(joined({"Typeid ", unit.typeId, " ", constant, " constant in measurable spec schema ",
                                           typeId, " does not belong to a unit."}));
     }
-    return unit->second;
+    return found->second;
 }
 
-Measurable resolveMeasurable(const std::string& typeId, const MeasurableSpecSchema& schema,
+Measurable resolveMeasurable(std::string_view typeId, const MeasurableSpecSchema& schema,
                              const std::map<std::string, Units::Unit>& allUnits) {
     const Units::Unit& storage = resolveUnit(typeId, "for storageUnit", schema.storageUnit, allUnits);
     std::vector<Units::Unit> units;
     units.reserve(schema.applicableUnits.size());
-    for (const std::string& unit : schema.applicableUnits) {
+    for (const TypeIdKey& unit : schema.applicableUnits) {
         units.push_back(resolveUnit(typeId, "in applicableUnits", unit, allUnits));
     }
     return {units, storage};
@@ -199,17 +202,16 @@ std::optional<SpecSchema> readSpecSchema(const SchemaDocument& document) {
         return std::nullopt;
     }
     SpecSchema schema;
-    schema.name = readStringConstant(
-        document, Frame::name, shape->defaultName ? std::optional<std::string>(*shape->defaultName) : std::nullopt);
-    schema.discipline = readTypedValueConstant(document, "discipline",
-                                               std::string(baseFor(Vocabulary::discipline, document.schemaFormat)));
+    schema.name = readStringConstant(document, Frame::name, shape->defaultName);
+    schema.discipline =
+        readTypedValueConstant(document, "discipline", baseFor(Vocabulary::discipline, document.schemaFormat));
     schema.baseSchema = document.baseSchema;
     schema.schemaFormat = document.schemaFormat;
     shape->readBody(document, schema);
     return schema;
 }
 
-Spec resolveSpec(const std::string& typeId, SpecSchema schema, const StoreList<Taxon>& disciplineStores,
+Spec resolveSpec(std::string_view typeId, SpecSchema schema, const StoreList<Taxon>& disciplineStores,
                  const std::map<std::string, Units::Unit>& allUnits) {
     Taxon discipline = resolveDiscipline(typeId, schema, disciplineStores);
     std::optional<Measurable> measurable;
@@ -218,21 +220,9 @@ Spec resolveSpec(const std::string& typeId, SpecSchema schema, const StoreList<T
     }
     ValueTypeId valueType = resolveValueType(schema);
     const auto* complex = std::get_if<ComplexSpecSchema>(&schema.shape);
-    return Internals::make<Spec>(typeId, std::move(schema.name), std::move(valueType), std::move(measurable),
-                                 std::move(discipline), schema.schemaFormat,
+    return Internals::make<Spec>(std::string(typeId), std::move(schema.name), std::move(valueType),
+                                 std::move(measurable), std::move(discipline), schema.schemaFormat,
                                  complex != nullptr ? complex->context : Context::Single);
-}
-
-TypeIdViews dependenciesOfSpecSchema(const SpecSchema& schema) { return {schema.discipline}; }
-
-TypeIdViews unitDependenciesOfSpecSchema(const SpecSchema& schema) {
-    const auto* body = std::get_if<MeasurableSpecSchema>(&schema.shape);
-    if (body == nullptr) {
-        return {};
-    }
-    TypeIdViews typeIds(body->applicableUnits.begin(), body->applicableUnits.end());
-    typeIds.push_back(body->storageUnit);
-    return typeIds;
 }
 
 void dependenciesOfSpec(const Spec& spec, std::set<std::string>& result, const Units::UnitsEngine& unitsEngine) {

@@ -14,7 +14,8 @@ namespace {
 MajorCategorySchema readMajorCategorySchema(const SchemaDocument& document) {
     MajorCategorySchema schema;
     schema.name = readStringConstant(document, Frame::name);
-    schema.disciplines = readTypedValueArrayConstant(document, "disciplines", std::vector<std::string>());
+    const auto disciplines = readTypedValueArrayConstant(document, "disciplines", std::vector<std::string_view>());
+    schema.disciplines.assign(disciplines.begin(), disciplines.end());
     schema.domain = readTypedValueConstant(document, "domain");
     schema.format = document.schemaFormat;
     return schema;
@@ -49,20 +50,21 @@ std::optional<CategorySchema> readCategorySchema(const SchemaDocument& document)
     return std::nullopt;
 }
 
-Category resolveCategory(const std::string& typeId, CategorySchema schema, const StoreList<Taxon>& disciplineStores,
+Category resolveCategory(std::string_view typeId, CategorySchema schema, const StoreList<Taxon>& disciplineStores,
                          const StoreList<Taxon>& domainStores) {
     if (auto* sub = std::get_if<SubCategorySchema>(&schema)) {
-        return Internals::make<Category>(typeId, std::move(sub->name), SubCategoryComponent(sub->parent), sub->format);
+        return Internals::make<Category>(std::string(typeId), std::move(sub->name),
+                                         SubCategoryComponent(std::string(sub->parent.typeId)), sub->format);
     }
     auto& major = std::get<MajorCategorySchema>(schema);
     std::vector<Taxon> disciplines;
     disciplines.reserve(major.disciplines.size());
-    for (const std::string& discipline : major.disciplines) {
+    for (const TypeIdKey& discipline : major.disciplines) {
         disciplines.push_back(findDependency(disciplineStores, typeId, discipline));
     }
     const Taxon domain = findDependency(domainStores, typeId, major.domain);
-    return Internals::make<Category>(typeId, std::move(major.name), MajorCategoryComponent(domain, disciplines),
-                                     major.format);
+    return Internals::make<Category>(std::string(typeId), std::move(major.name),
+                                     MajorCategoryComponent(domain, disciplines), major.format);
 }
 
 void writeCategorySchema(const Category& category, JSON& target, DataModelVersion version) {
@@ -82,16 +84,6 @@ void writeCategorySchema(const Category& category, JSON& target, DataModelVersio
         }
     }
     addConstants(target, members);
-}
-
-TypeIdViews dependenciesOfCategorySchema(const CategorySchema& schema) {
-    if (const auto* sub = std::get_if<SubCategorySchema>(&schema)) {
-        return {sub->parent};
-    }
-    const auto& major = std::get<MajorCategorySchema>(schema);
-    TypeIdViews typeIds(major.disciplines.begin(), major.disciplines.end());
-    typeIds.push_back(major.domain);
-    return typeIds;
 }
 
 void dependenciesOfCategory(const Category& category, std::set<std::string>& result,

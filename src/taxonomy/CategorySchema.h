@@ -1,6 +1,5 @@
 #pragma once
 
-#include "engine/KindList.h"
 #include "engine/StoreList.h"
 #include "schema/SchemaDocument.h"
 
@@ -10,6 +9,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -18,31 +18,42 @@ namespace Parameters {
 /// A document of a major category that has been read and not yet resolved.
 struct MajorCategorySchema {
     std::string name;
-    std::vector<std::string> disciplines;
-    std::string domain;
+    std::vector<TypeIdKey> disciplines;
+    TypeIdKey domain;
     Units::SchemaFormat format;
 };
 
 /// A document of a subcategory that has been read and not yet resolved.
 struct SubCategorySchema {
     std::string name;
-    std::string parent;
+    TypeIdKey parent;
     Units::SchemaFormat format;
 };
 
+/// References are views into the document until they are stored elsewhere.
 using CategorySchema = std::variant<MajorCategorySchema, SubCategorySchema>;
 
 /// No value if the document is no category.
 [[nodiscard]] std::optional<CategorySchema> readCategorySchema(const SchemaDocument& document);
 
 /// The parent of a subcategory is not looked up: it may be resolved later in the same go.
-[[nodiscard]] Category resolveCategory(const std::string& typeId, CategorySchema schema,
+[[nodiscard]] Category resolveCategory(std::string_view typeId, CategorySchema schema,
                                        const StoreList<Taxon>& disciplineStores, const StoreList<Taxon>& domainStores);
 
 void writeCategorySchema(const Category& category, JSON& target, DataModelVersion version);
 
-/// Typeids that the schema waits for.
-[[nodiscard]] TypeIdViews dependenciesOfCategorySchema(const CategorySchema& schema);
+/// Calls visit with each typeid that the schema waits for.
+template <class Visit> void dependenciesOfCategorySchema(CategorySchema& schema, const Visit& visit) {
+    if (auto* sub = std::get_if<SubCategorySchema>(&schema)) {
+        visit(sub->parent);
+        return;
+    }
+    auto& major = std::get<MajorCategorySchema>(schema);
+    for (TypeIdKey& discipline : major.disciplines) {
+        visit(discipline);
+    }
+    visit(major.domain);
+}
 
 /// Adds the typeids that a finished category depends on, those of a subcategory's parent included. A parent that the
 /// store does not hold gives std::out_of_range.

@@ -22,13 +22,13 @@ const Taxon& DefaultTaxa::ofFormat(Units::SchemaFormat format) const noexcept {
     return format == Units::SchemaFormat::LumarDataSchema ? lumarDataSchema_ : propertySets_;
 }
 
-Taxon DefaultTaxa::withTypeId(const std::string& typeId) const {
+Taxon DefaultTaxa::withTypeId(std::string_view typeId) const {
     for (const Taxon* taxon : {&propertySets_, &lumarDataSchema_}) {
         if (typeIdOf(*taxon) == typeId) {
             return *taxon;
         }
     }
-    return {typeId, Internals::dataOf(propertySets_).name, Units::SchemaFormat::PropertySets};
+    return {std::string(typeId), Internals::dataOf(propertySets_).name, Units::SchemaFormat::PropertySets};
 }
 
 } // namespace Parameters

@@ -19,7 +19,7 @@ public:
     [[nodiscard]] const Taxon& ofFormat(Units::SchemaFormat format) const noexcept;
 
     /// The default taxon under a typeid of the family; its format is that which goes with the typeid.
-    [[nodiscard]] Taxon withTypeId(const std::string& typeId) const;
+    [[nodiscard]] Taxon withTypeId(std::string_view typeId) const;
 
 private:
     DefaultTaxa(const BaseSchemas& family, std::string_view name);

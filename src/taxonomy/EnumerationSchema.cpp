@@ -20,7 +20,7 @@ const SchemaMembers* findItems(const SchemaDocument& document) {
 }
 
 /// The spec that the member "spec" of an enumeration parameter names: by the member's own "typeid" if it has a value.
-std::string readSpecMember(const SchemaDocument& document, const JSON& member) {
+std::string_view readSpecMember(const SchemaDocument& document, const JSON& member) {
     if (!member.hasMember(Frame::value)) {
         return readTypedValue(member.getMember(Frame::typedValue));
     }
@@ -29,12 +29,12 @@ std::string readSpecMember(const SchemaDocument& document, const JSON& member) {
         document.raise(joined(
             {"Value of spec constant in enumeration parameter schema ", document.typeId, " must be an empty object."}));
     }
-    auto spec = readTypeIdAttribute(member);
+    const auto spec = readTypeIdAttribute(member);
     if (!spec) {
         document.raise(joined({"Spec constant in enumeration parameter schema ", document.typeId,
                                " must specify a nonempty typeid string."}));
     }
-    return *std::move(spec);
+    return *spec;
 }
 
 } // namespace
@@ -65,8 +65,8 @@ std::optional<EnumerationSchema> readEnumerationSchema(const SchemaDocument& doc
     return schema;
 }
 
-Enumeration resolveEnumeration(const std::string& typeId, EnumerationSchema schema) {
-    return Internals::make<Enumeration>(typeId, std::move(schema.values), schema.format);
+Enumeration resolveEnumeration(std::string_view typeId, EnumerationSchema schema) {
+    return Internals::make<Enumeration>(std::string(typeId), std::move(schema.values), schema.format);
 }
 
 void writeEnumerationSchema(const Enumeration& enumeration, JSON& target, DataModelVersion version) {

@@ -18,14 +18,14 @@ struct EnumerationSchema {
 
 /// What the document of an enumeration parameter refers to.
 struct EnumerationParameterSchema {
-    std::string enumeration;
-    std::string spec;
+    std::string_view enumeration;
+    std::string_view spec;
 };
 
 /// No value if the document is no enumeration.
 [[nodiscard]] std::optional<EnumerationSchema> readEnumerationSchema(const SchemaDocument& document);
 
-[[nodiscard]] Enumeration resolveEnumeration(const std::string& typeId, EnumerationSchema schema);
+[[nodiscard]] Enumeration resolveEnumeration(std::string_view typeId, EnumerationSchema schema);
 
 void writeEnumerationSchema(const Enumeration& enumeration, JSON& target, DataModelVersion version);
 

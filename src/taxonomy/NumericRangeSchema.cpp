@@ -81,8 +81,9 @@ std::optional<NumericRangeSchema<Number>> readNumericRangeSchema(const SchemaDoc
 }
 
 template <class Number>
-NumericRange<Number> resolveNumericRange(const std::string& typeId, const NumericRangeSchema<Number>& schema) {
-    return {typeId, schema.fromBottom, schema.bottomBoundary, schema.fromTop, schema.topBoundary, schema.format};
+NumericRange<Number> resolveNumericRange(std::string_view typeId, const NumericRangeSchema<Number>& schema) {
+    return {std::string(typeId), schema.fromBottom,  schema.bottomBoundary,
+            schema.fromTop,      schema.topBoundary, schema.format};
 }
 
 template <class Number>
@@ -127,13 +128,13 @@ void writeNumericRangeConstant(const JSON& document, std::vector<JSON>& members,
 }
 
 template std::optional<NumericRangeSchema<double>> readNumericRangeSchema(const SchemaDocument&);
-template NumericRange<double> resolveNumericRange(const std::string&, const NumericRangeSchema<double>&);
+template NumericRange<double> resolveNumericRange(std::string_view, const NumericRangeSchema<double>&);
 template void writeNumericRangeSchema(const NumericRange<double>&, JSON&, DataModelVersion);
 template NumericRange<double> readInlineNumericRange(const JSON&, Units::SchemaFormat);
 template void writeNumericRangeConstant(const JSON&, std::vector<JSON>&, const NumericRange<double>&, DataModelVersion);
 
 template std::optional<NumericRangeSchema<std::int64_t>> readNumericRangeSchema(const SchemaDocument&);
-template NumericRange<std::int64_t> resolveNumericRange(const std::string&, const NumericRangeSchema<std::int64_t>&);
+template NumericRange<std::int64_t> resolveNumericRange(std::string_view, const NumericRangeSchema<std::int64_t>&);
 template void writeNumericRangeSchema(const NumericRange<std::int64_t>&, JSON&, DataModelVersion);
 template NumericRange<std::int64_t> readInlineNumericRange(const JSON&, Units::SchemaFormat);
 template void writeNumericRangeConstant(const JSON&, std::vector<JSON>&, const NumericRange<std::int64_t>&,

@@ -26,7 +26,7 @@ template <class Number>
 [[nodiscard]] std::optional<NumericRangeSchema<Number>> readNumericRangeSchema(const SchemaDocument& document);
 
 template <class Number>
-[[nodiscard]] NumericRange<Number> resolveNumericRange(const std::string& typeId,
+[[nodiscard]] NumericRange<Number> resolveNumericRange(std::string_view typeId,
                                                        const NumericRangeSchema<Number>& schema);
 
 template <class Number>

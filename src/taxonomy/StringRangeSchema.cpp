@@ -60,14 +60,14 @@ std::optional<StringRangeSchema> readStringRangeSchema(const SchemaDocument& doc
         return StringRangeSchema{SetStringRangeComponent(values), document.schemaFormat};
     }
     if (containsPrefix(document.baseSchema, Vocabulary::regexStringRange.prefix)) {
-        return StringRangeSchema{RegexStringRangeComponent(readAnyStringConstant(document, regexKey)),
+        return StringRangeSchema{RegexStringRangeComponent(std::string(readAnyStringConstant(document, regexKey))),
                                  document.schemaFormat};
     }
     return std::nullopt;
 }
 
-StringRange resolveStringRange(const std::string& typeId, const StringRangeSchema& schema) {
-    return std::visit([&](const auto& component) { return StringRange(typeId, component, schema.format); },
+StringRange resolveStringRange(std::string_view typeId, const StringRangeSchema& schema) {
+    return std::visit([&](const auto& component) { return StringRange(std::string(typeId), component, schema.format); },
                       schema.component);
 }
 
@@ -110,7 +110,7 @@ StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value
             value.raise("Inline value override in range constant typedValue must specify a string value for constant "
                         "regex.");
         }
-        return {RegexStringRangeComponent(readAnyString(value.getMember(regexKey))), format};
+        return {RegexStringRangeComponent(std::string(readAnyString(value.getMember(regexKey)))), format};
     }
     if (value.getSize() != 0) {
         value.raise("Inline value override for default string range in range constant typedValue, if present, must be "

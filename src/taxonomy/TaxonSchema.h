@@ -20,7 +20,7 @@ struct TaxonSchema {
 /// No value if the document is not of the family; disciplines, domains and groups differ in the family alone.
 [[nodiscard]] std::optional<TaxonSchema> readTaxonSchema(const BaseSchemas& family, const SchemaDocument& document);
 
-[[nodiscard]] Taxon resolveTaxon(const std::string& typeId, TaxonSchema schema);
+[[nodiscard]] Taxon resolveTaxon(std::string_view typeId, TaxonSchema schema);
 
 void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSON& target, DataModelVersion version);
 

@@ -152,8 +152,8 @@ UnitsEngine::~UnitsEngine() = default;
 
 std::set<std::string> UnitsEngine::registerSchema(const std::string& schemaText) {
     JSON::Scratch scratch;
-    const SchemaDocument document =
-        readSchemaDocument(std::make_shared<ValidationExceptionFactory>(), schemaText, &scratch);
+    static const ValidationExceptionFactory exceptionFactory;
+    const SchemaDocument document = readSchemaDocument(exceptionFactory, schemaText, &scratch);
     if (isRegistered(document.typeId)) {
         document.raise(joined({"Schema with typeid ", document.typeId, " is already registered."}));
     }
@@ -177,12 +177,13 @@ void UnitsEngine::resolveSchemas() {
             impl_->pending = {};
             throw missing;
         }
-        addIfUnit(resolved, entry->typeId, item);
+        addIfUnit(resolved, std::string(entry->typeId), item);
     }
-    impl_->finished.reserveMore(impl_->pending.size());
+    impl_->finished.reserveFor(impl_->pending);
     // Nothing fails from here on.
-    for (auto& entry : std::exchange(impl_->pending, {})) {
-        impl_->finished.insert(std::move(entry.typeId), std::move(entry.value));
+    auto pending = std::exchange(impl_->pending, {});
+    for (auto& entry : pending) {
+        impl_->finished.insert(entry.typeId, std::move(entry.value));
     }
     impl_->units.merge(resolved);
 }

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace Parameters {
+
+/// Keeps texts in few large blocks, at addresses that never change. Copies of an arena share the blocks, so that views
+/// into one hold in the other, too; each adds to blocks of its own.
+///
+/// A text can't be taken out. Whoever has no use for some says so, and moves the others to a new arena when too much is
+/// wasted.
+class TextArena {
+public:
+    TextArena() noexcept = default;
+    TextArena(const TextArena& other);
+    TextArena(TextArena&& other) noexcept { swap(other); }
+    TextArena& operator=(TextArena other) noexcept {
+        swap(other);
+        return *this;
+    }
+    ~TextArena() = default;
+
+    /// A copy of the text that lives as long as the arena or one of its copies.
+    [[nodiscard]] std::string_view add(std::string_view text);
+
+    /// Makes room for texts of that size together, so that adding them can't fail.
+    void reserve(std::size_t size);
+
+    /// Says that a text of that size is of no use any more.
+    void waste(std::size_t size) noexcept { usedSize_ -= size; }
+
+    /// The size of all texts that are of use.
+    [[nodiscard]] std::size_t usedSize() const noexcept { return usedSize_; }
+
+    /// Whether moving to a new arena would free more than it costs.
+    [[nodiscard]] bool isWasteful() const noexcept { return addedSize_ / 2 > usedSize_; }
+
+private:
+    void swap(TextArena& other) noexcept;
+
+    std::vector<std::shared_ptr<char>> blocks_;
+    /// Where the next text goes, and how much fits there.
+    char* next_ = nullptr;
+    std::size_t room_ = 0;
+    std::size_t lastBlockSize_ = 0;
+    std::size_t usedSize_ = 0;
+    std::size_t addedSize_ = 0;
+};
+
+} // namespace Parameters
