@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
 
 namespace Parameters {
 
@@ -39,16 +40,26 @@ const char* faultOf(const JSON& element, const JSON& id) {
     return nullptr;
 }
 
-/// Of the ids that occur again, the one that does so first in the order of the array.
-const SchemaMember* firstRepetition(const std::vector<SchemaMember>& sorted) {
-    const SchemaMember* first = nullptr;
-    for (std::size_t i = 1; i < sorted.size(); ++i) {
-        if (sorted[i].id == sorted[i - 1].id && (first == nullptr || sorted[i].index < first->index)) {
-            first = &sorted[i];
+/// Tells whether an id stands among those before it.
+class RepetitionCheck {
+public:
+    /// Takes the ids in turn.
+    [[nodiscard]] bool isRepeated(std::string_view id, const std::vector<SchemaMember>& before) {
+        // Few sections are longer than this, where looking at each is quicker.
+        constexpr std::size_t shortSection = 32;
+        if (before.size() < shortSection) {
+            return std::any_of(before.begin(), before.end(),
+                               [id](const SchemaMember& member) { return member.id == id; });
         }
+        while (seen_.size() < before.size()) {
+            seen_.insert(before[seen_.size()].id);
+        }
+        return seen_.find(id) != seen_.end();
     }
-    return first;
-}
+
+private:
+    std::set<std::string_view> seen_;
+};
 
 std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key) {
     const JSON array = root.getMember(key);
@@ -58,29 +69,20 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
     if (!array.isArray()) {
         root.raise(joined({"Expected schema ", key, " to be an array."}));
     }
-    // An id is looked up among those before it only after the loop, so that a long array costs one sort. All
-    // repetitions found then stand before the faulty element that ended the loop, and so are reported before it.
     std::vector<SchemaMember> members;
     members.reserve(array.getSize());
-    const char* fault = nullptr;
+    RepetitionCheck repetitions;
     for (std::uint32_t i = 0; i < array.getSize(); ++i) {
         JSON element = array.getElement(i);
         const JSON id = element.getMember(Frame::id);
-        fault = faultOf(element, id);
-        if (fault != nullptr) {
-            break;
+        if (const char* fault = faultOf(element, id)) {
+            root.raise(fault);
         }
-        members.push_back({id.getStringView(), std::move(element), i});
-    }
-    std::sort(members.begin(), members.end(), [](const SchemaMember& left, const SchemaMember& right) {
-        const int order = left.id.compare(right.id);
-        return order != 0 ? order < 0 : left.index < right.index;
-    });
-    if (const SchemaMember* repeated = firstRepetition(members)) {
-        root.raise(joined({"Item ", repeated->id, " in ", key, " array must be defined only once."}));
-    }
-    if (fault != nullptr) {
-        root.raise(fault);
+        const std::string_view idText = id.getStringView();
+        if (repetitions.isRepeated(idText, members)) {
+            root.raise(joined({"Item ", idText, " in ", key, " array must be defined only once."}));
+        }
+        members.push_back({idText, std::move(element)});
     }
     return members;
 }
@@ -130,9 +132,19 @@ std::string_view readBaseSchema(const JSON& root) {
 
 const JSON* SchemaMembers::find(std::string_view id) const noexcept {
     const auto found =
-        std::lower_bound(members_.begin(), members_.end(), id,
-                         [](const SchemaMember& member, std::string_view key) { return member.id < key; });
-    return found != members_.end() && found->id == id ? &found->json : nullptr;
+        std::find_if(members_.begin(), members_.end(), [id](const SchemaMember& member) { return member.id == id; });
+    return found != members_.end() ? &found->json : nullptr;
+}
+
+std::vector<const SchemaMember*> SchemaMembers::sorted() const {
+    std::vector<const SchemaMember*> order;
+    order.reserve(members_.size());
+    for (const SchemaMember& member : members_) {
+        order.push_back(&member);
+    }
+    std::sort(order.begin(), order.end(),
+              [](const SchemaMember* left, const SchemaMember* right) { return left->id < right->id; });
+    return order;
 }
 
 SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,

@@ -20,21 +20,19 @@ namespace Parameters {
 struct SchemaMember {
     std::string_view id;
     JSON json;
-    /// Where it stood among the others.
-    std::size_t index;
 };
 
-/// The entries of one section, in ascending order of their ids.
+/// The entries of one section, in the order of the document.
 class SchemaMembers {
 public:
     SchemaMembers() = default;
-    /// Takes members that are sorted by id and hold no id twice.
-    explicit SchemaMembers(std::vector<SchemaMember> sorted) noexcept : members_(std::move(sorted)) {}
+    /// Takes members that hold no id twice.
+    explicit SchemaMembers(std::vector<SchemaMember> members) noexcept : members_(std::move(members)) {}
 
     [[nodiscard]] const JSON* find(std::string_view id) const noexcept;
 
-    [[nodiscard]] auto begin() const noexcept { return members_.begin(); }
-    [[nodiscard]] auto end() const noexcept { return members_.end(); }
+    /// In ascending order of their ids.
+    [[nodiscard]] std::vector<const SchemaMember*> sorted() const;
 
 private:
     std::vector<SchemaMember> members_;

@@ -15,14 +15,15 @@ namespace Parameters {
     return typeId == constant;
 }
 
-/// Whether the prefix of a family occurs anywhere in the typeid, with any version behind it.
-[[nodiscard]] constexpr bool containsPrefix(std::string_view typeId, std::string_view prefix) noexcept {
-    return typeId.find(prefix) != std::string_view::npos;
-}
-
 /// Whether the typeid begins with the prefix of a family.
 [[nodiscard]] constexpr bool beginsWithPrefix(std::string_view typeId, std::string_view prefix) noexcept {
     return typeId.substr(0, prefix.size()) == prefix;
+}
+
+/// Whether the prefix of a family occurs anywhere in the typeid, with any version behind it.
+[[nodiscard]] constexpr bool containsPrefix(std::string_view typeId, std::string_view prefix) noexcept {
+    // Nearly all that contain it begin with it.
+    return beginsWithPrefix(typeId, prefix) || typeId.find(prefix, 1) != std::string_view::npos;
 }
 
 /// A family of base schemas that is written in both frames.

@@ -45,16 +45,16 @@ std::optional<EnumerationSchema> readEnumerationSchema(const SchemaDocument& doc
         return std::nullopt;
     }
     EnumerationSchema schema{{}, document.schemaFormat};
-    for (const SchemaMember& item : *items) {
-        if (item.id.empty()) {
+    for (const SchemaMember* item : items->sorted()) {
+        if (item->id.empty()) {
             document.raise(joined({"ID of value in enumeration schema ", document.typeId, " must not be empty."}));
         }
-        const JSON number = item.json.getMember(Frame::value);
+        const JSON number = item->json.getMember(Frame::value);
         if (!number.isInt64()) {
             document.raise(joined(
-                {"Value ", item.id, " in enumeration schema ", document.typeId, " must specify an integer value."}));
+                {"Value ", item->id, " in enumeration schema ", document.typeId, " must specify an integer value."}));
         }
-        schema.values.emplace_back(item.id, number.getInt64());
+        schema.values.emplace_back(item->id, number.getInt64());
     }
     if (schema.values.empty()) {
         document.raise(joined({"Enumeration schema ", document.typeId, " must specify at least one value."}));
