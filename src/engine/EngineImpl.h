@@ -19,9 +19,13 @@ struct EngineImpl {
     Registry imported;
     Units::UnitsEngine units;
 
-    [[nodiscard]] bool isRegistered(const TypeIdKey& key) const {
-        return primary.contains(key) || imported.contains(key) || isBuiltInTypeId(key.typeId) ||
-               units.isRegistered(std::string(key.typeId));
+    [[nodiscard]] bool isRegistered(const std::string& typeId) const {
+        return isKnownHere(typeId) || units.isRegistered(typeId);
+    }
+
+    /// Whether it is registered, or built in, without the units library.
+    [[nodiscard]] bool isKnownHere(const TypeIdKey& key) const noexcept {
+        return primary.contains(key) || imported.contains(key) || isBuiltInTypeId(key.typeId);
     }
 
     /// The check of everything that is about to be taken in. Imported objects may be registered over.

@@ -15,8 +15,12 @@ using MissingTypeIds = std::pair<TypeIds, TypeIds>;
 
 /// Adds the typeid to target if nobody knows it. The schema that refers to it is about to be registered.
 void collectMissing(const EngineImpl& engine, const TypeIdKey& schemaTypeId, const TypeIdKey& typeId, TypeIds& target) {
-    if (typeId.typeId != schemaTypeId.typeId && !engine.isRegistered(typeId)) {
-        target.emplace(typeId.typeId);
+    if (typeId.typeId == schemaTypeId.typeId || engine.isKnownHere(typeId)) {
+        return;
+    }
+    std::string text(typeId.typeId);
+    if (!engine.units.isRegistered(text)) {
+        target.insert(std::move(text));
     }
 }
 
@@ -30,7 +34,9 @@ bool storePending(EngineImpl& engine, const SchemaDocument& document, const Type
         return false;
     }
     if (missing != nullptr) {
-        Kind::dependenciesOfSchema(*body, [&](const TypeIdKey& typeId) { engine.primary.prefetch(typeId); });
+        const auto prefetch = [&](const TypeIdKey& typeId) { engine.primary.prefetch(typeId); };
+        Kind::dependenciesOfSchema(*body, prefetch);
+        Kind::unitDependenciesOfSchema(*body, prefetch);
         Kind::dependenciesOfSchema(
             *body, [&](const TypeIdKey& typeId) { collectMissing(engine, key, typeId, missing->first); });
         Kind::unitDependenciesOfSchema(

@@ -38,8 +38,8 @@ namespace Parameters {
 //   name             the kind's word in messages
 //   read             body of a document, or no value if the document is of another kind
 //   dependenciesOfSchema, unitDependenciesOfSchema
-//                    calls visit with each typeid that a body refers to here and in the units library, which visit may
-//                    replace by an equal one elsewhere
+//                    calls visit with each typeid that a body refers to here and in the units library
+//   visitTexts       calls visit with each text that a body has as a view, which visit may replace by an equal one
 //   addDependencies  adds the typeids that an object depends on
 //   resolve          object of a body; scope tells where its references may be found
 //   validated        object to store for one that a caller built
@@ -50,6 +50,7 @@ namespace Parameters {
 struct KindDefaults {
     template <class Body, class Visit> static void dependenciesOfSchema(Body& /*body*/, const Visit& /*visit*/) {}
     template <class Body, class Visit> static void unitDependenciesOfSchema(Body& /*body*/, const Visit& /*visit*/) {}
+    template <class Body, class Visit> static void visitTexts(Body& /*body*/, const Visit& /*visit*/) {}
     template <class Object>
     static void addDependencies(const Object& /*object*/, std::set<std::string>& /*result*/,
                                 const Units::UnitsEngine& /*units*/, const StoreList<Category>& /*categories*/) {}
@@ -121,6 +122,9 @@ template <const BaseSchemas& family> struct TaxonKind : KindDefaults {
     using Body = TaxonSchema;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readTaxonSchema(family, document); }
+    template <class Visit> static void visitTexts(Body& body, const Visit& visit) {
+        Parameters::visitTexts(body, visit);
+    }
     template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& /*scope*/) {
         return resolveTaxon(typeId, std::move(body));
     }
@@ -148,6 +152,9 @@ struct CategoryKind : KindDefaults {
     static constexpr std::string_view name = KindNames::category;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readCategorySchema(document); }
+    template <class Visit> static void visitTexts(Body& body, const Visit& visit) {
+        Parameters::visitTexts(body, visit);
+    }
     template <class Visit> static void dependenciesOfSchema(Body& body, const Visit& visit) {
         dependenciesOfCategorySchema(body, visit);
     }
@@ -174,6 +181,9 @@ struct SpecKind : KindDefaults {
     static constexpr std::string_view name = KindNames::spec;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readSpecSchema(document); }
+    template <class Visit> static void visitTexts(Body& body, const Visit& visit) {
+        Parameters::visitTexts(body, visit);
+    }
     template <class Visit> static void dependenciesOfSchema(Body& body, const Visit& visit) {
         dependenciesOfSpecSchema(body, visit);
     }
@@ -203,6 +213,9 @@ struct ParameterKind : KindDefaults {
     static constexpr std::string_view name = KindNames::parameter;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readParameterSchema(document); }
+    template <class Visit> static void visitTexts(Body& body, const Visit& visit) {
+        Parameters::visitTexts(body, visit);
+    }
     template <class Visit> static void dependenciesOfSchema(Body& body, const Visit& visit) {
         dependenciesOfParameterSchema(body, visit);
     }

@@ -23,7 +23,7 @@ void Registry::finishPending() noexcept {
         }
         items.clearPending();
     });
-    references_ = {};
+    pendingTexts_ = {};
 }
 
 void Registry::dropPending() noexcept {
@@ -38,7 +38,7 @@ void Registry::dropPending() noexcept {
         }
         items.clearPending();
     });
-    references_ = {};
+    pendingTexts_ = {};
     places_.eraseIf(first, [](const ItemPlace& place) { return place.isPending; });
 }
 

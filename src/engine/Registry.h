@@ -64,6 +64,7 @@ public:
     /// Whether the typeid is that of a finished object or of a pending schema.
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return places_.contains(key); }
 
+    /// Prepares looking the key up, which takes a while in a large registry.
     void prefetch(const TypeIdKey& key) const noexcept { places_.prefetch(key); }
 
     template <class Kind> [[nodiscard]] KindStore<Kind>& store() noexcept { return std::get<KindStore<Kind>>(stores_); }
@@ -121,11 +122,9 @@ public:
         add<Kind>(store<Kind>().finished, false, key, {std::move(object), text});
     }
 
-    /// The typeid must be absent. The text is copied, and so are the typeids that the body refers to.
+    /// The typeid must be absent. The text is copied, and so are the texts of the body.
     template <class Kind> void addPending(const TypeIdKey& key, typename Kind::Body body, std::string_view text) {
-        const auto keep = [&](TypeIdKey& typeId) { typeId.typeId = references_.add(typeId.typeId); };
-        Kind::dependenciesOfSchema(body, keep);
-        Kind::unitDependenciesOfSchema(body, keep);
+        Kind::visitTexts(body, [&](std::string_view& part) { part = pendingTexts_.add(part); });
         add<Kind>(store<Kind>().pending, true, key, {std::move(body), text, places_.size()});
     }
 
@@ -180,8 +179,8 @@ private:
 
     /// The texts of all items.
     TextArena texts_;
-    /// The typeids that pending schemas refer to.
-    TextArena references_;
+    /// What pending schemas have read.
+    TextArena pendingTexts_;
     ItemPlaces places_;
     decltype(storesOf(AllKinds{})) stores_;
 };

@@ -44,6 +44,9 @@ void TextArena::swap(TextArena& other) noexcept {
 }
 
 std::string_view TextArena::add(std::string_view text) {
+    if (text.empty()) {
+        return {};
+    }
     reserve(text.size());
     char* copy = std::exchange(next_, next_ + text.size());
     std::memcpy(copy, text.data(), text.size());

@@ -70,7 +70,7 @@ public:
     }
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return find(key) != nullptr; }
 
-    /// Has the memory fetched that looking up the key begins with, which takes a while in a large map.
+    /// Has the processor fetch what looking the key up begins with, so that several look-ups wait together.
     void prefetch(const TypeIdKey& key) const noexcept {
         if (!slots_.empty()) {
             __builtin_prefetch(&slots_[key.hash & mask()]);

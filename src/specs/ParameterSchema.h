@@ -26,12 +26,12 @@ struct EnumerationReference {
     TypeIdKey typeId;
 };
 
-/// A parameter document of any form that has been read and not yet resolved. Its references are views into the document
-/// until they are stored elsewhere.
+/// A parameter document of any form that has been read and not yet resolved. Its texts are views into the document
+/// until they are kept elsewhere.
 struct ParameterSchema {
-    std::string name;
-    std::string description;
-    std::string sampleText;
+    std::string_view name;
+    std::string_view description;
+    std::string_view sampleText;
     TypeIdKey group;
     /// Wherever the form names it.
     TypeIdKey spec;
@@ -46,7 +46,7 @@ struct ParameterSchema {
 /// No value if the document is no parameter.
 [[nodiscard]] std::optional<ParameterSchema> readParameterSchema(const SchemaDocument& document);
 
-[[nodiscard]] Parameter resolveParameter(std::string_view typeId, ParameterSchema schema,
+[[nodiscard]] Parameter resolveParameter(std::string_view typeId, const ParameterSchema& schema,
                                          const ParameterStores& stores);
 
 /// The spec that a parameter document names: a legacy base spec by its typeid alone, any other as it is registered.
@@ -66,6 +66,14 @@ template <class Visit> void dependenciesOfParameterSchema(ParameterSchema& schem
             }
         },
         schema.range);
+}
+
+/// Calls visit with each text of the schema, which visit may replace by an equal one.
+template <class Visit> void visitTexts(ParameterSchema& schema, const Visit& visit) {
+    visit(schema.name);
+    visit(schema.description);
+    visit(schema.sampleText);
+    dependenciesOfParameterSchema(schema, [&](TypeIdKey& typeId) { visit(typeId.typeId); });
 }
 
 /// Adds the typeids that a finished parameter depends on, those of its spec and its category included.

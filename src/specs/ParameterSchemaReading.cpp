@@ -209,13 +209,13 @@ Spec resolveSpecOfParameter(std::string_view typeId, const ParameterSchema& sche
     return base != nullptr ? *base : findDependency(specStores, typeId, schema.spec);
 }
 
-Parameter resolveParameter(std::string_view typeId, ParameterSchema schema, const ParameterStores& stores) {
+Parameter resolveParameter(std::string_view typeId, const ParameterSchema& schema, const ParameterStores& stores) {
     Taxon group = resolveGroup(typeId, schema.group, stores.groups);
     ParameterRange range = std::visit(RangeResolution{typeId, stores}, schema.range);
     Spec spec = resolveSpecOfParameter(typeId, schema, stores.specs);
-    return Internals::make<Parameter>(std::string(typeId), std::move(schema.name), std::move(schema.description),
-                                      std::move(schema.sampleText), std::move(group), std::move(spec), std::move(range),
-                                      schema.readOnly);
+    return Internals::make<Parameter>(std::string(typeId), std::string(schema.name), std::string(schema.description),
+                                      std::string(schema.sampleText), std::move(group), std::move(spec),
+                                      std::move(range), schema.readOnly);
 }
 
 void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,

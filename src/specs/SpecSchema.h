@@ -29,11 +29,11 @@ struct ComplexSpecSchema {
 };
 
 /// A spec document that has been read and not yet resolved. A simple spec adds nothing to its base schema but a name.
-/// Its references are views into the document until they are stored elsewhere.
+/// Its texts are views into the document until they are kept elsewhere.
 struct SpecSchema {
-    std::string name;
+    std::string_view name;
     TypeIdKey discipline;
-    std::string baseSchema;
+    std::string_view baseSchema;
     Units::SchemaFormat schemaFormat;
     std::variant<std::monostate, MeasurableSpecSchema, ComplexSpecSchema> shape;
 };
@@ -57,6 +57,15 @@ template <class Visit> void unitDependenciesOfSpecSchema(SpecSchema& schema, con
         }
         visit(body->storageUnit);
     }
+}
+
+/// Calls visit with each text of the schema that is a view, which visit may replace by an equal one.
+template <class Visit> void visitTexts(SpecSchema& schema, const Visit& visit) {
+    visit(schema.name);
+    visit(schema.baseSchema);
+    const auto visitTypeId = [&](TypeIdKey& typeId) { visit(typeId.typeId); };
+    dependenciesOfSpecSchema(schema, visitTypeId);
+    unitDependenciesOfSpecSchema(schema, visitTypeId);
 }
 
 /// Adds the typeids that a finished spec depends on.

@@ -220,7 +220,7 @@ Spec resolveSpec(std::string_view typeId, SpecSchema schema, const StoreList<Tax
     }
     ValueTypeId valueType = resolveValueType(schema);
     const auto* complex = std::get_if<ComplexSpecSchema>(&schema.shape);
-    return Internals::make<Spec>(std::string(typeId), std::move(schema.name), std::move(valueType),
+    return Internals::make<Spec>(std::string(typeId), std::string(schema.name), std::move(valueType),
                                  std::move(measurable), std::move(discipline), schema.schemaFormat,
                                  complex != nullptr ? complex->context : Context::Single);
 }

@@ -50,20 +50,20 @@ std::optional<CategorySchema> readCategorySchema(const SchemaDocument& document)
     return std::nullopt;
 }
 
-Category resolveCategory(std::string_view typeId, CategorySchema schema, const StoreList<Taxon>& disciplineStores,
-                         const StoreList<Taxon>& domainStores) {
-    if (auto* sub = std::get_if<SubCategorySchema>(&schema)) {
-        return Internals::make<Category>(std::string(typeId), std::move(sub->name),
+Category resolveCategory(std::string_view typeId, const CategorySchema& schema,
+                         const StoreList<Taxon>& disciplineStores, const StoreList<Taxon>& domainStores) {
+    if (const auto* sub = std::get_if<SubCategorySchema>(&schema)) {
+        return Internals::make<Category>(std::string(typeId), std::string(sub->name),
                                          SubCategoryComponent(std::string(sub->parent.typeId)), sub->format);
     }
-    auto& major = std::get<MajorCategorySchema>(schema);
+    const auto& major = std::get<MajorCategorySchema>(schema);
     std::vector<Taxon> disciplines;
     disciplines.reserve(major.disciplines.size());
     for (const TypeIdKey& discipline : major.disciplines) {
         disciplines.push_back(findDependency(disciplineStores, typeId, discipline));
     }
     const Taxon domain = findDependency(domainStores, typeId, major.domain);
-    return Internals::make<Category>(std::string(typeId), std::move(major.name),
+    return Internals::make<Category>(std::string(typeId), std::string(major.name),
                                      MajorCategoryComponent(domain, disciplines), major.format);
 }
 

@@ -17,7 +17,7 @@ namespace Parameters {
 
 /// A document of a major category that has been read and not yet resolved.
 struct MajorCategorySchema {
-    std::string name;
+    std::string_view name;
     std::vector<TypeIdKey> disciplines;
     TypeIdKey domain;
     Units::SchemaFormat format;
@@ -25,19 +25,19 @@ struct MajorCategorySchema {
 
 /// A document of a subcategory that has been read and not yet resolved.
 struct SubCategorySchema {
-    std::string name;
+    std::string_view name;
     TypeIdKey parent;
     Units::SchemaFormat format;
 };
 
-/// References are views into the document until they are stored elsewhere.
+/// Texts are views into the document until they are kept elsewhere.
 using CategorySchema = std::variant<MajorCategorySchema, SubCategorySchema>;
 
 /// No value if the document is no category.
 [[nodiscard]] std::optional<CategorySchema> readCategorySchema(const SchemaDocument& document);
 
 /// The parent of a subcategory is not looked up: it may be resolved later in the same go.
-[[nodiscard]] Category resolveCategory(std::string_view typeId, CategorySchema schema,
+[[nodiscard]] Category resolveCategory(std::string_view typeId, const CategorySchema& schema,
                                        const StoreList<Taxon>& disciplineStores, const StoreList<Taxon>& domainStores);
 
 void writeCategorySchema(const Category& category, JSON& target, DataModelVersion version);
@@ -53,6 +53,12 @@ template <class Visit> void dependenciesOfCategorySchema(CategorySchema& schema,
         visit(discipline);
     }
     visit(major.domain);
+}
+
+/// Calls visit with each text of the schema, which visit may replace by an equal one.
+template <class Visit> void visitTexts(CategorySchema& schema, const Visit& visit) {
+    std::visit([&](auto& shape) { visit(shape.name); }, schema);
+    dependenciesOfCategorySchema(schema, [&](TypeIdKey& typeId) { visit(typeId.typeId); });
 }
 
 /// Adds the typeids that a finished category depends on, those of a subcategory's parent included. A parent that the

@@ -12,11 +12,11 @@ std::optional<TaxonSchema> readTaxonSchema(const BaseSchemas& family, const Sche
     if (!containsPrefix(document.baseSchema, family.prefix)) {
         return std::nullopt;
     }
-    return TaxonSchema{std::string(readStringConstant(document, Frame::name)), document.schemaFormat};
+    return TaxonSchema{readStringConstant(document, Frame::name), document.schemaFormat};
 }
 
-Taxon resolveTaxon(std::string_view typeId, TaxonSchema schema) {
-    return Internals::make<Taxon>(std::string(typeId), std::move(schema.name), schema.format);
+Taxon resolveTaxon(std::string_view typeId, const TaxonSchema& schema) {
+    return Internals::make<Taxon>(std::string(typeId), std::string(schema.name), schema.format);
 }
 
 void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSON& target, DataModelVersion version) {
