@@ -1,5 +1,9 @@
 #include "support/Objects.h"
 
+#include <malloc.h>
+
+#include <vector>
+
 namespace Parameters {
 namespace {
 
@@ -24,6 +28,43 @@ TEST(ResolutionTest, LeavesWhatIsPendingAloneIfTheUnitsAreAtFault) {
             {{"length", dimension("length", "Length")}, {"metre", unit("metre", "Metre", "length")}});
         EXPECT_EQ(engine.getSchema("pending"), group("pending", "Pending"));
         EXPECT_EQ(engine.getUnitsEngine().getUnit("metre").getName(), "Metre");
+    }
+}
+
+std::size_t liveHeap() {
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+TEST(ResolutionTest, LosesNoTextAndGathersNoneWhereBatchesFailAgainAndAgain) {
+    const auto kept = [](std::size_t round) { return group("kept" + std::to_string(round), "Kept"); };
+    const std::string lost = repeated("lost", 500);
+    ParametersEngine engine;
+    std::vector<ParametersEngine> copies;
+    const std::size_t before = liveHeap();
+    for (std::size_t round = 0; round < 1000; ++round) {
+        engine.registerSchema(round % 100 == 0 ? kept(round) : group("again", "Again"));
+        if (round % 100 == 0) {
+            copies.push_back(engine);
+        }
+        engine.registerSchema(shortForm(lost, "quovanta.talmo.category:subCategory-1.0.0",
+                                        nameConstant("Lost") + "," + reference("parent", "nobody")));
+        EXPECT_THROW(engine.resolveSchemas(), ValidationException);
+        if (round % 100 == 0) {
+            engine.registerSchema(kept(round));
+            engine.resolveSchemas();
+        }
+    }
+    EXPECT_LT(liveHeap(), before + lost.size() * 200);
+    for (std::size_t i = 0; i < copies.size(); ++i) {
+        copies[i].resolveSchemas();
+        EXPECT_EQ(copies[i].getAllGroups().size(), i + 1);
+        EXPECT_FALSE(copies[i].isRegistered(lost));
+        for (std::size_t known = 0; known <= i; ++known) {
+            const std::string typeId = "kept" + std::to_string(100 * known);
+            EXPECT_EQ(engine.getSchema(typeId), kept(100 * known));
+            EXPECT_EQ(copies[i].getSchema(typeId), kept(100 * known));
+        }
     }
 }
 
