@@ -5,28 +5,18 @@
 #include <new>
 #include <utility>
 
-#if defined(__linux__)
-#include <sys/mman.h>
-#endif
-
 namespace Parameters {
 
 namespace {
 
-/// Blocks grow to this size, that of a large page on common systems.
-constexpr std::size_t largestBlock = 2 * 1024 * 1024;
+/// Blocks grow to this size.
+constexpr std::size_t largestBlock = 64 * 1024;
+
+/// A larger text that does not fit any more gets a block of its own, so that little room is left over.
+constexpr std::size_t ownBlockSize = largestBlock / 4;
 
 std::shared_ptr<char> newBlock(std::size_t size) {
-    if (size < largestBlock) {
-        return {static_cast<char*>(::operator new(size)), [](char* block) { ::operator delete(block); }};
-    }
-    constexpr auto alignment = std::align_val_t(largestBlock);
-    char* block = static_cast<char*>(::operator new(size, alignment));
-#if defined(MADV_HUGEPAGE)
-    // Only a hint: the system hands out the memory at once instead of in small pages.
-    static_cast<void>(::madvise(block, size - size % largestBlock, MADV_HUGEPAGE));
-#endif
-    return {block, [](char* memory) { ::operator delete(memory, alignment); }};
+    return {static_cast<char*>(::operator new(size)), [](char* block) { ::operator delete(block); }};
 }
 
 } // namespace
@@ -47,24 +37,34 @@ std::string_view TextArena::add(std::string_view text) {
     if (text.empty()) {
         return {};
     }
-    reserve(text.size());
-    char* copy = std::exchange(next_, next_ + text.size());
+    char* copy = takeRoom(text.size());
     std::memcpy(copy, text.data(), text.size());
-    room_ -= text.size();
     usedSize_ += text.size();
     addedSize_ += text.size();
     return {copy, text.size()};
 }
 
 void TextArena::reserve(std::size_t size) {
-    if (size <= room_) {
-        return;
+    if (size > room_) {
+        startBlock(std::max(size, std::min(2 * lastBlockSize_, largestBlock)));
     }
-    const std::size_t blockSize = std::max(size, std::min(2 * lastBlockSize_, largestBlock));
-    blocks_.push_back(newBlock(blockSize));
+}
+
+char* TextArena::takeRoom(std::size_t size) {
+    if (size > room_ && size > ownBlockSize) {
+        blocks_.push_back(newBlock(size));
+        return blocks_.back().get();
+    }
+    reserve(size);
+    room_ -= size;
+    return std::exchange(next_, next_ + size);
+}
+
+void TextArena::startBlock(std::size_t size) {
+    blocks_.push_back(newBlock(size));
     next_ = blocks_.back().get();
-    room_ = blockSize;
-    lastBlockSize_ = blockSize;
+    room_ = size;
+    lastBlockSize_ = size;
 }
 
 } // namespace Parameters

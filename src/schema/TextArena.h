@@ -39,6 +39,8 @@ public:
     [[nodiscard]] bool isWasteful() const noexcept { return addedSize_ / 2 > usedSize_; }
 
 private:
+    [[nodiscard]] char* takeRoom(std::size_t size);
+    void startBlock(std::size_t size);
     void swap(TextArena& other) noexcept;
 
     std::vector<std::shared_ptr<char>> blocks_;
