@@ -33,7 +33,7 @@ struct EngineImpl;
 /// it, once its references have been resolved.
 ///
 /// Const operations of one engine may run side by side while nothing changes it; all others need exclusive access to
-/// it. Distinct engines are independent and share nothing. An engine that has been moved from may only be destroyed or
+/// it. Distinct engines are independent, copies included. An engine that has been moved from may only be destroyed or
 /// assigned to.
 ///
 /// A whole host program, examples/quickstart/main.cpp:

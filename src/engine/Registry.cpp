@@ -39,6 +39,9 @@ void Registry::dropPending() noexcept {
         items.clearPending();
     });
     pendingTexts_ = {};
+    if (texts_.usedSize() == 0) {
+        texts_ = {};
+    }
     places_.eraseIf(first, [](const ItemPlace& place) { return place.isPending; });
 }
 
@@ -56,7 +59,10 @@ void Registry::takeFinished(Registry& other) noexcept {
     }
 }
 
-void Registry::tidyTexts() {
+void Registry::tidyUp() {
+    if (!texts_.isWasteful(places_.size())) {
+        return;
+    }
     TextArena texts;
     texts.reserve(texts_.usedSize());
     const auto keep = [&](auto& items) {

@@ -27,6 +27,8 @@ public:
     Boxed& operator=(Boxed&& other) noexcept = default;
     ~Boxed() = default;
 
+    [[nodiscard]] Value& operator*() noexcept { return *value_; }
+
     /// The value, whose memory is free from then on.
     [[nodiscard]] Value take() noexcept {
         const auto taken = std::exchange(value_, nullptr);
@@ -61,6 +63,14 @@ template <class Kind> struct KindStore : ObjectStore<typename Kind::Object> {
 /// Everything that is known by typeid, each item either finished or pending, of one kind.
 class Registry {
 public:
+    Registry() = default;
+    Registry(const Registry& other) = default;
+    Registry(Registry&& other) noexcept = default;
+    /// Half of a copy would be of no use: what stands here would refer to texts that are gone.
+    Registry& operator=(const Registry& other) = delete;
+    Registry& operator=(Registry&& other) noexcept = default;
+    ~Registry() = default;
+
     /// Whether the typeid is that of a finished object or of a pending schema.
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return places_.contains(key); }
 
@@ -119,13 +129,19 @@ public:
     template <class Kind> void addObject(typename Kind::Object object, std::string_view text) {
         const TypeIdKey key(typeIdOf(object));
         requireAbsent(key);
+        tidyUp();
         add<Kind>(store<Kind>().finished, false, key, {std::move(object), text});
     }
 
     /// The typeid must be absent. The text is copied, and so are the texts of the body.
     template <class Kind> void addPending(const TypeIdKey& key, typename Kind::Body body, std::string_view text) {
-        Kind::visitTexts(body, [&](std::string_view& part) { part = pendingTexts_.add(part); });
-        add<Kind>(store<Kind>().pending, true, key, {std::move(body), text, places_.size()});
+        tidyUp();
+        std::size_t size = 0;
+        Kind::visitTexts(body, [&](std::string_view part) { size += part.size(); });
+        pendingTexts_.reserve(size);
+        auto& schemas = store<Kind>().pending;
+        add<Kind>(schemas, true, key, {std::move(body), text, places_.size()});
+        Kind::visitTexts(*schemas.back().body, [&](std::string_view& part) { part = pendingTexts_.add(part); });
     }
 
     /// Makes room for finishPending() and then takeFinished() of the other, so that these can't fail half-way.
@@ -164,9 +180,6 @@ private:
     /// that can be seen.
     template <class Kind, class Item>
     void add(std::vector<Item>& items, bool arePending, const TypeIdKey& key, Item item) {
-        if (texts_.isWasteful()) {
-            tidyTexts();
-        }
         makeRoom(items, 1);
         texts_.reserve(item.text.size());
         places_.insert(key, placeOf<Kind>(arePending, items.size()));
@@ -174,8 +187,8 @@ private:
         items.push_back(std::move(item));
     }
 
-    /// Lets go of the texts of dropped schemas.
-    void tidyTexts();
+    /// Lets go of the texts of dropped schemas if they are too many.
+    void tidyUp();
 
     /// The texts of all items.
     TextArena texts_;

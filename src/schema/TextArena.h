@@ -35,8 +35,11 @@ public:
     /// The size of all texts that are of use.
     [[nodiscard]] std::size_t usedSize() const noexcept { return usedSize_; }
 
-    /// Whether moving to a new arena would free more than it costs.
-    [[nodiscard]] bool isWasteful() const noexcept { return addedSize_ / 2 > usedSize_; }
+    /// Whether to move the texts of use, of which there are that many, to a new arena frees more than it costs.
+    [[nodiscard]] bool isWasteful(std::size_t count) const noexcept {
+        constexpr std::size_t costOfOne = 64;
+        return addedSize_ - usedSize_ > usedSize_ + costOfOne * count;
+    }
 
 private:
     [[nodiscard]] char* takeRoom(std::size_t size);

@@ -39,6 +39,14 @@ template <class Item> void makeRoom(std::vector<Item>& items, std::size_t count)
 /// order by typeid is worked out by whoever needs it.
 template <class Value> class TypeIdMap {
 public:
+    TypeIdMap() = default;
+    TypeIdMap(const TypeIdMap& other) = default;
+    TypeIdMap(TypeIdMap&& other) noexcept = default;
+    /// Half of a copy would be of no use: entries would refer to typeids that are gone.
+    TypeIdMap& operator=(const TypeIdMap& other) = delete;
+    TypeIdMap& operator=(TypeIdMap&& other) noexcept = default;
+    ~TypeIdMap() = default;
+
     struct Entry {
         std::string_view typeId;
         Value value;
@@ -135,7 +143,7 @@ private:
     [[nodiscard]] std::size_t mask() const noexcept { return slots_.size() - 1; }
 
     void reserveMore(std::size_t count) {
-        if (typeIds_.isWasteful()) {
+        if (typeIds_.isWasteful(size())) {
             tidyUp();
         }
         makeRoom(entries_, count);

@@ -129,6 +129,18 @@ TEST(MemoryExhaustionTest, LeavesQueriesRepeatable) {
     EXPECT_EQ(answersOf(engine), before);
 }
 
+/// An engine that is about to take over an import, beside the texts that a failed resolution has left.
+ParametersEngine importingEngine() {
+    ParametersEngine engine = workshop();
+    engine.registerSchema(shortForm("pending sub", "quovanta.talmo.category:subCategory-1.0.0",
+                                    nameConstant(repeated("lost", 5000)) + "," + reference("parent", "nobody")));
+    refusalOf([&] { engine.resolveSchemas(); });
+    // A unit brings the import along without adding a text to the others.
+    engine.registerSchemaWithContext(unit("x", "X", "new length"), workshop({discipline("new length", "D")}));
+    engine.registerSchema(dimension("new length", "L"));
+    return engine;
+}
+
 /// Something that changes an engine.
 struct Change {
     using Step = std::function<void(ParametersEngine&)>;
@@ -156,6 +168,12 @@ std::vector<Change> changes() {
         {"copy assignment", [other](auto& engine) { engine = *other; }},
         {"resolveSchemas", [](auto& engine) { engine.resolveSchemas(); },
          [](auto& engine) { engine.registerSchemas(pendingTexts); }},
+        {"resolveSchemas with an import", [](auto& engine) { engine.resolveSchemas(); },
+         [](auto& engine) {
+             engine = importingEngine();
+             engine.resolveSchemas();
+         },
+         importingEngine()},
         {"registerSchemas", [=](auto& engine) { engine.registerSchemas(texts); },
          [=](auto& engine) { engine.registerSchemas(texts); }},
         {"registerSchemaWithContext", import,

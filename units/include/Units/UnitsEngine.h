@@ -21,7 +21,7 @@ namespace Units {
 class UNITS_EXPORT UnitsEngine {
 public:
     UnitsEngine();
-    /// A deep copy: pending items come along, and nothing is shared afterwards.
+    /// A deep copy: pending items come along, and what either changes afterwards is its own.
     UnitsEngine(const UnitsEngine& other);
     /// Takes everything over; the other engine may then only be destroyed or assigned to.
     UnitsEngine(UnitsEngine&& other) noexcept;
