@@ -181,9 +181,9 @@ private:
     template <class Kind, class Item>
     void add(std::vector<Item>& items, bool arePending, const TypeIdKey& key, Item item) {
         makeRoom(items, 1);
-        texts_.reserve(item.text.size());
-        places_.insert(key, placeOf<Kind>(arePending, items.size()));
+        places_.reserveFor(key);
         item.text = texts_.add(item.text);
+        places_.insert(key, placeOf<Kind>(arePending, items.size()));
         items.push_back(std::move(item));
     }
 

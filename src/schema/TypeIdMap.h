@@ -85,6 +85,12 @@ public:
         }
     }
 
+    /// Makes room for a further entry, so that inserting it can't fail.
+    void reserveFor(const TypeIdKey& key) {
+        reserveMore(1);
+        typeIds_.reserve(key.typeId.size());
+    }
+
     /// Makes room for the entries of another map, so that inserting them can't fail.
     void reserveFor(const TypeIdMap& other) {
         static_assert(std::is_nothrow_move_constructible_v<Value>, "what was reserved must not fail");
