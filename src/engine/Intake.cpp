@@ -2,7 +2,6 @@
 #include "schema/UnitsErrors.h"
 #include "schema/ValidationExceptionFactory.h"
 
-#include <cstdint>
 #include <utility>
 
 namespace Parameters {

@@ -125,8 +125,8 @@ template <const BaseSchemas& family> struct TaxonKind : KindDefaults {
     template <class Visit> static void visitTexts(Body& body, const Visit& visit) {
         Parameters::visitTexts(body, visit);
     }
-    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& /*scope*/) {
-        return resolveTaxon(typeId, std::move(body));
+    template <class Scope> static Object resolve(std::string_view typeId, const Body& body, const Scope& /*scope*/) {
+        return resolveTaxon(typeId, body);
     }
     template <class Scope> static Object validated(const Object& taxon, const Scope& /*scope*/) {
         return validatedTaxon(taxon);
@@ -162,8 +162,8 @@ struct CategoryKind : KindDefaults {
                                 const Units::UnitsEngine& /*units*/, const StoreList<Category>& categories) {
         dependenciesOfCategory(category, result, categories);
     }
-    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& scope) {
-        return resolveCategory(typeId, std::move(body), scope.template stores<DisciplineKind>(),
+    template <class Scope> static Object resolve(std::string_view typeId, const Body& body, const Scope& scope) {
+        return resolveCategory(typeId, body, scope.template stores<DisciplineKind>(),
                                scope.template stores<DomainKind>());
     }
     template <class Scope> static Object validated(const Object& category, const Scope& scope) {
@@ -223,8 +223,8 @@ struct ParameterKind : KindDefaults {
                                 const StoreList<Category>& categories) {
         dependenciesOfParameter(parameter, result, units, categories);
     }
-    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& scope) {
-        return resolveParameter(typeId, std::move(body), storesOf(scope));
+    template <class Scope> static Object resolve(std::string_view typeId, const Body& body, const Scope& scope) {
+        return resolveParameter(typeId, body, storesOf(scope));
     }
     template <class Scope> static Object validated(const Object& parameter, const Scope& scope) {
         return validatedParameter(parameter, storesOf(scope));

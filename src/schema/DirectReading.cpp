@@ -36,12 +36,12 @@ LegacyPrimitiveType valueTypeOf(const std::string& text, const LookupScope& scop
 Parameter ParametersEngine::readParameter(const std::string& text) const {
     const SchemaDocument document = readDocument(text);
     impl_->requireUnregistered(document.typeId);
-    auto schema = readParameterSchema(document);
+    const auto schema = readParameterSchema(document);
     if (!schema) {
         throw ValidationException("Inheritance from an incorrect base schema.");
     }
     const LookupScope scope(impl_->units, impl_->primary);
-    return ParameterKind::resolve(document.typeId, *std::move(schema), scope);
+    return ParameterKind::resolve(document.typeId, *schema, scope);
 }
 
 LegacyPrimitiveType ParametersEngine::readValueType(const std::string& text) const {
