@@ -63,14 +63,6 @@ template <class Kind> struct KindStore : ObjectStore<typename Kind::Object> {
 /// Everything that is known by typeid, each item either finished or pending, of one kind.
 class Registry {
 public:
-    Registry() = default;
-    Registry(const Registry& other) = default;
-    Registry(Registry&& other) noexcept = default;
-    /// Half of a copy would be of no use: what stands here would refer to texts that are gone.
-    Registry& operator=(const Registry& other) = delete;
-    Registry& operator=(Registry&& other) noexcept = default;
-    ~Registry() = default;
-
     /// Whether the typeid is that of a finished object or of a pending schema.
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return places_.contains(key); }
 

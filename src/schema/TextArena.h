@@ -17,7 +17,9 @@ public:
     TextArena() noexcept = default;
     TextArena(const TextArena& other);
     TextArena(TextArena&& other) noexcept { swap(other); }
-    TextArena& operator=(TextArena other) noexcept {
+    /// Neither can what holds an arena be assigned a copy: half-way its views would be of blocks that are gone.
+    TextArena& operator=(const TextArena& other) = delete;
+    TextArena& operator=(TextArena&& other) noexcept {
         swap(other);
         return *this;
     }

@@ -39,14 +39,6 @@ template <class Item> void makeRoom(std::vector<Item>& items, std::size_t count)
 /// order by typeid is worked out by whoever needs it.
 template <class Value> class TypeIdMap {
 public:
-    TypeIdMap() = default;
-    TypeIdMap(const TypeIdMap& other) = default;
-    TypeIdMap(TypeIdMap&& other) noexcept = default;
-    /// Half of a copy would be of no use: entries would refer to typeids that are gone.
-    TypeIdMap& operator=(const TypeIdMap& other) = delete;
-    TypeIdMap& operator=(TypeIdMap&& other) noexcept = default;
-    ~TypeIdMap() = default;
-
     struct Entry {
         std::string_view typeId;
         Value value;
