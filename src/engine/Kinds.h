@@ -71,7 +71,7 @@ struct EnumerationKind : KindDefaults {
     template <class Scope> static Object validated(const Object& enumeration, const Scope& /*scope*/) {
         return validatedEnumeration(enumeration);
     }
-    static void write(const Object& enumeration, JSON& target, DataModelVersion version) {
+    static void write(const Object& enumeration, JSONWriter& target, DataModelVersion version) {
         writeEnumerationSchema(enumeration, target, version);
     }
 };
@@ -87,7 +87,7 @@ template <class Number> struct NumericRangeKind : KindDefaults {
     }
     /// Any range is valid.
     template <class Scope> static Object validated(const Object& range, const Scope& /*scope*/) { return range; }
-    static void write(const Object& range, JSON& target, DataModelVersion version) {
+    static void write(const Object& range, JSONWriter& target, DataModelVersion version) {
         writeNumericRangeSchema(range, target, version);
     }
 };
@@ -111,7 +111,7 @@ struct StringRangeKind : KindDefaults {
     template <class Scope> static Object validated(const Object& range, const Scope& /*scope*/) {
         return validatedStringRange(range);
     }
-    static void write(const Object& range, JSON& target, DataModelVersion version) {
+    static void write(const Object& range, JSONWriter& target, DataModelVersion version) {
         writeStringRangeSchema(range, target, version);
     }
 };
@@ -131,7 +131,7 @@ template <const BaseSchemas& family> struct TaxonKind : KindDefaults {
     template <class Scope> static Object validated(const Object& taxon, const Scope& /*scope*/) {
         return validatedTaxon(taxon);
     }
-    static void write(const Object& taxon, JSON& target, DataModelVersion version) {
+    static void write(const Object& taxon, JSONWriter& target, DataModelVersion version) {
         writeTaxonSchema(family, taxon, target, version);
     }
 };
@@ -170,7 +170,7 @@ struct CategoryKind : KindDefaults {
         return validatedCategory(category, scope.template stores<DisciplineKind>(), scope.template stores<DomainKind>(),
                                  scope.template stores<CategoryKind>());
     }
-    static void write(const Object& category, JSON& target, DataModelVersion version) {
+    static void write(const Object& category, JSONWriter& target, DataModelVersion version) {
         writeCategorySchema(category, target, version);
     }
 };
@@ -201,7 +201,7 @@ struct SpecKind : KindDefaults {
     template <class Scope> static Object validated(const Object& spec, const Scope& scope) {
         return validatedSpec(spec, scope.template stores<DisciplineKind>(), scope.units());
     }
-    static void write(const Object& spec, JSON& target, DataModelVersion version) {
+    static void write(const Object& spec, JSONWriter& target, DataModelVersion version) {
         writeSpecSchema(spec, target, version);
     }
     static Conversion conversionOf(const Object& spec) { return conversionOfSpecKind(spec); }
@@ -229,7 +229,7 @@ struct ParameterKind : KindDefaults {
     template <class Scope> static Object validated(const Object& parameter, const Scope& scope) {
         return validatedParameter(parameter, storesOf(scope));
     }
-    static void write(const Object& parameter, JSON& target, DataModelVersion version) {
+    static void write(const Object& parameter, JSONWriter& target, DataModelVersion version) {
         writeParameterSchema(parameter, target, version);
     }
     static Conversion conversionOf(const Object& parameter) { return conversionOfSpec(parameter.getSpec()); }

@@ -2,7 +2,6 @@
 
 #include <rapidjson/document.h>
 #include <rapidjson/reader.h>
-#include <rapidjson/writer.h>
 
 #include <algorithm>
 #include <array>
@@ -39,45 +38,6 @@ using Pool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;
 using Document = rapidjson::GenericDocument<Encoding, Pool, ThrowingAllocator>;
 using Value = rapidjson::GenericValue<Encoding, Pool>;
 using Reader = rapidjson::GenericReader<Encoding, Encoding, ThrowingAllocator>;
-
-rapidjson::SizeType sizeOf(std::string_view text) { return static_cast<rapidjson::SizeType>(text.size()); }
-
-/// What RapidJSON writes to.
-struct TextStream {
-    using Ch = char;
-
-    void Put(char character) { text.push_back(character); }
-    void Flush() noexcept {}
-
-    std::string text;
-};
-
-/// Writes a string that needs no escapes, as nearly all, in one piece.
-class TextWriter : public rapidjson::Writer<TextStream, Encoding, Encoding, ThrowingAllocator> {
-public:
-    using Writer::Writer;
-
-    bool String(const char* text, rapidjson::SizeType size, bool copy) {
-        const std::string_view characters(text, size);
-        if (needsEscapes(characters)) {
-            return Writer::String(text, size, copy);
-        }
-        Prefix(rapidjson::kStringType);
-        os_->text.append(1, '"').append(characters).append(1, '"');
-        return EndValue(true);
-    }
-    bool Key(const char* text, rapidjson::SizeType size, bool copy) { return String(text, size, copy); }
-
-private:
-    static bool needsEscapes(std::string_view characters) noexcept {
-        bool found = false;
-        for (const char character : characters) {
-            // Without a way out of the loop the compiler makes it one over many characters at a time.
-            found |= static_cast<unsigned char>(character) < ' ' || character == '"' || character == '\\';
-        }
-        return found;
-    }
-};
 
 /// Hands the parser's events to the document, and stops the parser where they nest too deep or a number is too big.
 class BoundedHandler {
@@ -143,9 +103,6 @@ static_assert(rapidjson::kParseErrorDocumentEmpty == 1 &&
                   rapidjson::kParseErrorUnspecificSyntaxError == parseErrorMessages.size(),
               "one message for each error code");
 
-/// Few texts are longer.
-constexpr std::size_t usualTextSize = 512;
-
 const char* messageFor(rapidjson::ParseErrorCode code) {
     const auto index = static_cast<std::size_t>(code) - 1;
     return index < parseErrorMessages.size() ? parseErrorMessages[index] : "Unknown error.";
@@ -184,17 +141,10 @@ void JSON::TreeDeleter::operator()(Tree* tree) const noexcept {
 
 /// The JSON library's side of a handle.
 struct JSON::Access {
-    static Value& own(JSON& json) { return *std::launder(reinterpret_cast<Value*>(json.own_)); }
-
     static const Value& value(const JSON& json) {
-        return json.viewed_ != nullptr ? *static_cast<const Value*>(json.viewed_)
-                                       : *std::launder(reinterpret_cast<const Value*>(json.own_));
+        static const Value null;
+        return json.viewed_ != nullptr ? *static_cast<const Value*>(json.viewed_) : null;
     }
-
-    /// The value of a handle that owns it, alone or in a tree.
-    static Value& value(JSON& json) { return json.tree_ ? json.tree_->document : own(json); }
-
-    static Pool& pool(const JSON& document) { return document.tree_->pool; }
 
     static const Value* find(const JSON& json, std::string_view key) noexcept {
         const Value& object = value(json);
@@ -213,54 +163,14 @@ struct JSON::Access {
         // The parser ends every string with a NUL, and one inside it ends it early.
         return {value.GetString()};
     }
-
-    static_assert(sizeof(Value) <= sizeof(JSON::own_) && alignof(Value) <= 8, "a value fits a handle");
 };
 
 JSON::JSON(std::unique_ptr<Tree, TreeDeleter> tree, const ExceptionFactory* exceptionFactory) noexcept
     : viewed_(static_cast<const Value*>(&tree->document)), exceptionFactory_(exceptionFactory), tree_(std::move(tree)) {
-    new (own_) Value();
 }
 
 JSON::JSON(const void* viewed, const ExceptionFactory* exceptionFactory) noexcept
-    : viewed_(viewed), exceptionFactory_(exceptionFactory) {
-    new (own_) Value();
-}
-
-JSON::JSON(bool value) { new (own_) Value(value); }
-
-JSON::JSON(double value) { new (own_) Value(value); }
-
-JSON::JSON(std::int64_t value) { new (own_) Value(value); }
-
-JSON::JSON(const JSON& document, std::string_view text) {
-    new (own_) Value(text.data() == nullptr ? "" : text.data(), sizeOf(text), Access::pool(document));
-}
-
-JSON::JSON(const JSON& document, std::vector<JSON>& items) {
-    auto& array = *new (own_) Value(rapidjson::kArrayType);
-    Pool& pool = Access::pool(document);
-    array.Reserve(static_cast<rapidjson::SizeType>(items.size()), pool);
-    for (JSON& item : items) {
-        array.PushBack(Access::value(item), pool);
-    }
-}
-
-JSON::JSON(JSON&& other) noexcept
-    : viewed_(std::exchange(other.viewed_, nullptr)), exceptionFactory_(other.exceptionFactory_),
-      tree_(std::move(other.tree_)) {
-    new (own_) Value(std::move(Access::own(other)));
-}
-
-JSON& JSON::operator=(JSON&& other) noexcept {
-    if (this != &other) {
-        Access::own(*this) = std::move(Access::own(other));
-        viewed_ = std::exchange(other.viewed_, nullptr);
-        exceptionFactory_ = other.exceptionFactory_;
-        tree_ = std::move(other.tree_);
-    }
-    return *this;
-}
+    : viewed_(viewed), exceptionFactory_(exceptionFactory) {}
 
 JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& text, Scratch* scratch) {
     JSON json(Tree::create(scratch), &exceptionFactory);
@@ -283,24 +193,6 @@ JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& te
                    messageFor(result.Code()));
     }
     return json;
-}
-
-JSON JSON::createDocument(Scratch* scratch) {
-    JSON json(Tree::create(scratch), nullptr);
-    json.tree_->document.SetObject();
-    return json;
-}
-
-JSON JSON::createObject() {
-    JSON json(nullptr, nullptr);
-    Access::own(json).SetObject();
-    return json;
-}
-
-void JSON::addMember(const JSON& document, std::string_view key, JSON& value) {
-    Pool& pool = Access::pool(document);
-    Value name(key.data(), sizeOf(key), pool);
-    Access::value(*this).AddMember(name, Access::value(value), pool);
 }
 
 bool JSON::isObject() const noexcept { return Access::value(*this).IsObject(); }
@@ -358,14 +250,6 @@ std::map<std::string_view, std::string_view> JSON::getStringMap() const {
         strings[Access::text(member.name)] = Access::text(member.value);
     }
     return strings;
-}
-
-std::string JSON::toString() const {
-    TextStream stream;
-    stream.text.reserve(usualTextSize);
-    TextWriter writer(stream);
-    Access::value(*this).Accept(writer);
-    return std::move(stream.text);
 }
 
 void JSON::raise(const std::string& message) const {

@@ -15,10 +15,9 @@ std::string writtenText(const typename Kind::Object& object, const Conversion& c
     if (!conversion.representable.contains(version)) {
         raiseNotRepresentable();
     }
-    JSON::Scratch scratch;
-    JSON document = JSON::createDocument(&scratch);
+    JSONWriter document = JSONWriter::createDocument();
     if (version < conversion.natural.lowest) {
-        addString(document, document, Frame::downgradedFrom, versionText(conversion.natural.lowest));
+        document.addMember(Frame::downgradedFrom, versionText(conversion.natural.lowest));
     }
     Kind::write(object, document, version);
     return document.toString();

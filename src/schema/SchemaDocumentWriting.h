@@ -1,47 +1,77 @@
 #pragma once
 
-#include "schema/JSON.h"
+#include "schema/Frame.h"
+#include "schema/JSONWriter.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace Parameters {
 
-// The order of calls is the order of keys in the text. In all of these, target or document is the document handle that
-// is being written and owns every string.
+// The order of calls is the order of keys and members in the text.
 
 /// Adds "schemaSpecification" and "schemaType".
-void addSchemaHeader(JSON& target, std::string_view schemaType);
-void addTypeId(JSON& target, std::string_view typeId);
+void addSchemaHeader(JSONWriter& target, std::string_view schemaType);
+void addTypeId(JSONWriter& target, std::string_view typeId);
 /// Adds "inherits" with the one base schema.
-void addInherits(JSON& target, std::string_view baseSchema);
+void addInherits(JSONWriter& target, std::string_view baseSchema);
 /// The frame of a component in its current form.
-void addFullFrame(JSON& target, std::string_view typeId, std::string_view baseSchema);
+void addFullFrame(JSONWriter& target, std::string_view typeId, std::string_view baseSchema);
 /// The frame of a component that older data models read.
-void addShortFrame(JSON& target, std::string_view typeId, std::string_view baseSchema);
+void addShortFrame(JSONWriter& target, std::string_view typeId, std::string_view baseSchema);
 
-/// These move the members into an array under their key. No members give an empty array.
-void addConstants(JSON& target, std::vector<JSON>& members);
-void addProperties(JSON& target, std::vector<JSON>& members);
-void addEnumItems(JSON& target, std::vector<JSON>& members);
+// Sections, whose members createMembers then creates. Without any they are empty arrays.
 
-/// Appends a string to an object.
-void addString(JSON& object, const JSON& document, std::string_view key, std::string_view text);
+template <class Create> void addConstants(JSONWriter& target, const Create& createMembers) {
+    target.addArray(Frame::constants, createMembers);
+}
+template <class Create> void addProperties(JSONWriter& target, const Create& createMembers) {
+    target.addArray(Frame::properties, createMembers);
+}
+template <class Create> void addEnumItems(JSONWriter& target, const Create& createMembers) {
+    target.addArray(Frame::enumItems, createMembers);
+}
 
-/// The member object {"id":id}.
-[[nodiscard]] JSON createMember(const JSON& document, std::string_view id);
-/// A member with a value, which is moved in, and with the name of its type in front unless that is empty.
-[[nodiscard]] JSON createValueMember(const JSON& document, std::string_view id, JSON value, std::string_view typeName);
-[[nodiscard]] JSON createBoolMember(const JSON& document, std::string_view id, bool value, bool typed);
-[[nodiscard]] JSON createInt64Member(const JSON& document, std::string_view id, std::int64_t value, bool typed);
-[[nodiscard]] JSON createStringMember(const JSON& document, std::string_view id, std::string_view text, bool typed);
-[[nodiscard]] JSON createNameMember(const JSON& document, std::string_view text, bool typed);
-[[nodiscard]] JSON createTypedValueMember(const JSON& document, std::string_view id, std::string_view typeId);
-/// The array of objects {"typeid":typeId}.
-[[nodiscard]] JSON createTypeIdObjects(const JSON& document, const std::vector<std::string>& typeIds);
-[[nodiscard]] JSON createTypedValueArrayMember(const JSON& document, std::string_view id,
-                                               const std::vector<std::string>& typeIds);
+// Members of the section that is open.
+
+/// The object {"id":id}, to which fill adds the rest.
+template <class Fill> void createMember(JSONWriter& target, std::string_view id, const Fill& fill) {
+    target.createObject([&] {
+        target.addMember(Frame::id, id);
+        fill();
+    });
+}
+
+/// A member with a value, and with the name of its type in front unless that is empty.
+template <class Value>
+void createValueMember(JSONWriter& target, std::string_view id, const Value& value, std::string_view typeName) {
+    createMember(target, id, [&] {
+        if (!typeName.empty()) {
+            addTypeId(target, typeName);
+        }
+        target.addMember(Frame::value, value);
+    });
+}
+void createBoolMember(JSONWriter& target, std::string_view id, bool value, bool typed);
+void createInt64Member(JSONWriter& target, std::string_view id, std::int64_t value, bool typed);
+void createStringMember(JSONWriter& target, std::string_view id, std::string_view text, bool typed);
+void createNameMember(JSONWriter& target, std::string_view text, bool typed);
+void createTypedValueMember(JSONWriter& target, std::string_view id, std::string_view typeId);
+
+/// Adds the object {"typeid":typeId} to the array that is open.
+void createTypeIdObject(JSONWriter& target, std::string_view typeId);
+
+/// A member whose value is an array of the objects {"typeid":...} of the items.
+template <class Items, class TypeIdOf>
+void createTypedValueArrayMember(JSONWriter& target, std::string_view id, const Items& items,
+                                 const TypeIdOf& typeIdOfItem) {
+    createMember(target, id, [&] {
+        target.addArray(Frame::typedValue, [&] {
+            for (const auto& item : items) {
+                createTypeIdObject(target, typeIdOfItem(item));
+            }
+        });
+    });
+}
 
 } // namespace Parameters

@@ -13,8 +13,6 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace Parameters {
 
@@ -22,32 +20,27 @@ namespace {
 
 using V = DataModelVersion;
 
-void addCommonParameterConstants(const JSON& target, std::vector<JSON>& members, const Parameter& parameter,
-                                 DataModelVersion version) {
+void addCommonParameterConstants(JSONWriter& target, const Parameter& parameter, DataModelVersion version) {
     const bool typed = usesFullFrame(parameter.getSchemaFormat(), version);
-    members.push_back(createNameMember(target, parameter.getName(), typed));
+    createNameMember(target, parameter.getName(), typed);
     if (!parameter.getDescription().empty()) {
-        members.push_back(createStringMember(target, "description", parameter.getDescription(), typed));
+        createStringMember(target, "description", parameter.getDescription(), typed);
     }
     if (!parameter.getSampleText().empty()) {
-        members.push_back(createStringMember(target, "sampleText", parameter.getSampleText(), typed));
+        createStringMember(target, "sampleText", parameter.getSampleText(), typed);
     }
     const std::string& group = typeIdOf(parameter.getGroup());
     if (!containsPrefix(group, Vocabulary::group.prefix)) {
-        members.push_back(createTypedValueMember(target, "group", group));
+        createTypedValueMember(target, "group", group);
     }
     if (parameter.isReadOnly()) {
-        members.push_back(createBoolMember(target, "readOnly", true, typed));
+        createBoolMember(target, "readOnly", true, typed);
     }
 }
 
 /// The property {"id":id,"typeid":typeId}, alone in its section.
-void addTypeIdProperty(JSON& target, std::string_view id, std::string_view typeId) {
-    JSON property = createMember(target, id);
-    addString(property, target, Frame::typeId, typeId);
-    std::vector<JSON> properties;
-    properties.push_back(std::move(property));
-    addProperties(target, properties);
+void addTypeIdProperty(JSONWriter& target, std::string_view id, std::string_view typeId) {
+    addProperties(target, [&] { createMember(target, id, [&] { addTypeId(target, typeId); }); });
 }
 
 /// The base schemas of a parameter by what limits it, and the format that decides the frame: that of the range where
@@ -78,31 +71,28 @@ struct CurrentFormOf {
     }
 };
 
-/// Appends the constant that limits the parameter, if there is one.
+/// Creates the constant that limits the parameter, if there is one.
 struct LimitConstant {
-    const JSON& target;
-    std::vector<JSON>& members;
+    JSONWriter& target;
     DataModelVersion version;
 
     void operator()(std::monostate /*none*/) const {}
     void operator()(const Enumeration& /*enumeration*/) const {}
-    void operator()(const Category& category) const {
-        members.push_back(createTypedValueMember(target, "category", typeIdOf(category)));
-    }
+    void operator()(const Category& category) const { createTypedValueMember(target, "category", typeIdOf(category)); }
     template <class Number> void operator()(const NumericRange<Number>& range) const {
-        writeNumericRangeConstant(target, members, range, version);
+        writeNumericRangeConstant(target, range, version);
     }
-    void operator()(const StringRange& range) const { writeStringRangeConstant(target, members, range, version); }
+    void operator()(const StringRange& range) const { writeStringRangeConstant(target, range, version); }
 };
 
 /// For V2 and V3: the base schema says how the parameter is limited, a property names its spec.
-void writeCurrentParameterSchema(const Parameter& parameter, JSON& target, DataModelVersion version) {
+void writeCurrentParameterSchema(const Parameter& parameter, JSONWriter& target, DataModelVersion version) {
     const CurrentForm form = std::visit(CurrentFormOf{parameter}, parameter.getRange());
     addVersionedFrame(target, parameter.getTypeId(), form.bases, form.format, version);
-    std::vector<JSON> members;
-    addCommonParameterConstants(target, members, parameter, version);
-    std::visit(LimitConstant{target, members, version}, parameter.getRange());
-    addConstants(target, members);
+    addConstants(target, [&] {
+        addCommonParameterConstants(target, parameter, version);
+        std::visit(LimitConstant{target, version}, parameter.getRange());
+    });
     addTypeIdProperty(target, "data", parameter.getSpec().getTypeId());
 }
 
@@ -115,32 +105,35 @@ template <class Range> const Range& requiredRange(const Parameter& parameter) {
     return *range;
 }
 
-JSON createPlainSpecMember(const JSON& target, const Parameter& parameter) {
-    return createTypedValueMember(target, "spec", parameter.getSpec().getTypeId());
+void createPlainSpecMember(JSONWriter& target, const Parameter& parameter) {
+    createTypedValueMember(target, "spec", parameter.getSpec().getTypeId());
 }
 
 /// The member of an enumeration parameter, whose own "typeid" names the spec.
-JSON createGeneralSpecMember(const JSON& target, const Parameter& parameter) {
-    return createValueMember(target, "spec", JSON::createObject(), parameter.getSpec().getTypeId());
+void createGeneralSpecMember(JSONWriter& target, const Parameter& parameter) {
+    createMember(target, "spec", [&] {
+        addTypeId(target, parameter.getSpec().getTypeId());
+        target.addObject(Frame::value, [] {});
+    });
 }
 
 /// A family type takes the category as an inline override.
-JSON createReferenceSpecMember(const JSON& target, const Parameter& parameter) {
+void createReferenceSpecMember(JSONWriter& target, const Parameter& parameter) {
     const std::string& spec = parameter.getSpec().getTypeId();
     const auto& family = Vocabulary::familyTypeSpec;
     if (!containsPrefix(spec, family.prefix)) {
-        return createPlainSpecMember(target, parameter);
+        createPlainSpecMember(target, parameter);
+        return;
     }
-    JSON category = JSON::createObject();
-    addString(category, target, Frame::typeId, typeIdOf(requiredRange<Category>(parameter)));
-    JSON overrides = JSON::createObject();
-    overrides.addMember(target, "category", category);
-    JSON typedValue = JSON::createObject();
-    addString(typedValue, target, Frame::typeId, containsPrefix(spec, family.majorPrefix) ? spec : family.typeId);
-    typedValue.addMember(target, Frame::typedValue, overrides);
-    JSON member = createMember(target, "spec");
-    member.addMember(target, Frame::typedValue, typedValue);
-    return member;
+    const std::string_view base = containsPrefix(spec, family.majorPrefix) ? spec : family.typeId;
+    const std::string& category = typeIdOf(requiredRange<Category>(parameter));
+    const auto addCategory = [&] { target.addObject("category", [&] { addTypeId(target, category); }); };
+    createMember(target, "spec", [&] {
+        target.addObject(Frame::typedValue, [&] {
+            addTypeId(target, base);
+            target.addObject(Frame::typedValue, addCategory);
+        });
+    });
 }
 
 bool takesNone(const ParameterRange& /*range*/) { return false; }
@@ -152,7 +145,7 @@ struct LegacyForm {
     std::string_view base;
     /// The spec that needs no constant.
     std::string_view defaultSpec;
-    JSON (*createSpecMember)(const JSON& target, const Parameter& parameter);
+    void (*createSpecMember)(JSONWriter& target, const Parameter& parameter);
     /// Whether the document can hold the range.
     bool (*takesRange)(const ParameterRange& range);
 };
@@ -171,22 +164,22 @@ constexpr std::array<LegacyForm, 6> legacyForms = {{
 }};
 
 /// For V1: the base schema says the primitive type, constants name the spec and the range.
-void writeLegacyParameterSchema(const Parameter& parameter, JSON& target, LegacyPrimitiveType type) {
+void writeLegacyParameterSchema(const Parameter& parameter, JSONWriter& target, LegacyPrimitiveType type) {
     const auto* form = std::find_if(legacyForms.begin(), legacyForms.end(),
                                     [type](const LegacyForm& candidate) { return candidate.type == type; });
     if (form == legacyForms.end()) {
         raiseNotRepresentable();
     }
     addShortFrame(target, parameter.getTypeId(), form->base);
-    std::vector<JSON> members;
-    addCommonParameterConstants(target, members, parameter, V::V1);
-    if (!isExactly(parameter.getSpec().getTypeId(), form->defaultSpec)) {
-        members.push_back(form->createSpecMember(target, parameter));
-    }
-    if (form->takesRange(parameter.getRange())) {
-        std::visit(LimitConstant{target, members, V::V1}, parameter.getRange());
-    }
-    addConstants(target, members);
+    addConstants(target, [&] {
+        addCommonParameterConstants(target, parameter, V::V1);
+        if (!isExactly(parameter.getSpec().getTypeId(), form->defaultSpec)) {
+            form->createSpecMember(target, parameter);
+        }
+        if (form->takesRange(parameter.getRange())) {
+            std::visit(LimitConstant{target, V::V1}, parameter.getRange());
+        }
+    });
     if (type == LegacyPrimitiveType::General) {
         addTypeIdProperty(target, Frame::value, typeIdOf(requiredRange<Enumeration>(parameter)));
     }
@@ -194,7 +187,7 @@ void writeLegacyParameterSchema(const Parameter& parameter, JSON& target, Legacy
 
 } // namespace
 
-void writeParameterSchema(const Parameter& parameter, JSON& target, DataModelVersion version) {
+void writeParameterSchema(const Parameter& parameter, JSONWriter& target, DataModelVersion version) {
     const auto type = primitiveTypeOf(parameter.getSpec().getValueTypeId());
     if (version == V::V1 && type) {
         writeLegacyParameterSchema(parameter, target, *type);

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "schema/JSON.h"
+#include "schema/JSONWriter.h"
 
 #include <Parameters/DataModelVersion.h>
 #include <Parameters/Parameter.h>
 
 namespace Parameters {
 
-void writeParameterSchema(const Parameter& parameter, JSON& target, DataModelVersion version);
+void writeParameterSchema(const Parameter& parameter, JSONWriter& target, DataModelVersion version);
 
 } // namespace Parameters

@@ -8,6 +8,7 @@
 #include "taxonomy/TaxonData.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -58,90 +59,89 @@ bool isBuiltInSpec(const Spec& spec) {
     });
 }
 
-void addCommonSpecConstants(const JSON& target, std::vector<JSON>& members, const Spec& spec, bool typed,
+bool hasDefaultDiscipline(const Spec& spec) {
+    return containsPrefix(typeIdOf(spec.getDiscipline()), Vocabulary::discipline.prefix);
+}
+
+void addCommonSpecConstants(JSONWriter& target, const Spec& spec, bool typed,
                             std::optional<std::string_view> defaultName = std::nullopt) {
     if (spec.getName() != defaultName) {
-        members.push_back(createNameMember(target, spec.getName(), typed));
+        createNameMember(target, spec.getName(), typed);
     }
-    const std::string& discipline = typeIdOf(spec.getDiscipline());
-    if (!containsPrefix(discipline, Vocabulary::discipline.prefix)) {
-        members.push_back(createTypedValueMember(target, "discipline", discipline));
+    if (!hasDefaultDiscipline(spec)) {
+        createTypedValueMember(target, "discipline", typeIdOf(spec.getDiscipline()));
     }
 }
 
-void writeSimpleSpecSchema(JSON& target, const Spec& spec, const PrimitiveSpec& primitive) {
+void writeSimpleSpecSchema(JSONWriter& target, const Spec& spec, const PrimitiveSpec& primitive) {
     addShortFrame(target, spec.getTypeId(), primitive.base.typeId);
-    std::vector<JSON> members;
-    addCommonSpecConstants(target, members, spec, false, primitive.defaultName);
-    if (!members.empty()) {
-        addConstants(target, members);
+    if (spec.getName() != primitive.defaultName || !hasDefaultDiscipline(spec)) {
+        addConstants(target, [&] { addCommonSpecConstants(target, spec, false, primitive.defaultName); });
     }
 }
 
-void writeMeasurableSpecSchema(const Spec& spec, JSON& target, const BaseSchemas& bases, DataModelVersion version) {
+void writeMeasurableSpecSchema(const Spec& spec, JSONWriter& target, const BaseSchemas& bases,
+                               DataModelVersion version) {
     if (!spec.getMeasurable()) {
         raiseNotRepresentable();
     }
     const bool typed = addVersionedFrame(target, spec.getTypeId(), bases, spec.getSchemaFormat(), version);
-    std::vector<JSON> members;
-    addCommonSpecConstants(target, members, spec, typed);
     const Measurable& measurable = *spec.getMeasurable();
-    if (!measurable.getApplicableUnits().empty()) {
-        std::vector<std::string> units;
-        for (const Units::Unit& unit : measurable.getApplicableUnits()) {
-            units.push_back(unit.getTypeId());
+    const std::vector<Units::Unit>& units = measurable.getApplicableUnits();
+    addConstants(target, [&] {
+        addCommonSpecConstants(target, spec, typed);
+        if (!units.empty()) {
+            createTypedValueArrayMember(target, "applicableUnits", units, std::mem_fn(&Units::Unit::getTypeId));
         }
-        members.push_back(createTypedValueArrayMember(target, "applicableUnits", units));
-    }
-    members.push_back(createTypedValueMember(target, "storageUnit", measurable.getStorageUnit().getTypeId()));
-    addConstants(target, members);
+        createTypedValueMember(target, "storageUnit", measurable.getStorageUnit().getTypeId());
+    });
 }
 
 /// The key and the value of a polymorphic or named type, in the "value" property.
-void addValueType(const JSON& target, JSON& property, const ValueTypeId& valueType) {
+void addValueType(JSONWriter& target, const ValueTypeId& valueType) {
     if (const auto* name = std::get_if<std::string>(&valueType)) {
-        addString(property, target, Frame::typeId, *name);
+        addTypeId(target, *name);
     } else if (const auto* anyOf = std::get_if<AnyOf>(&valueType)) {
-        JSON types = createTypeIdObjects(target, {anyOf->getBaseTypeId()});
-        property.addMember(target, "anyOf", types);
+        target.addArray("anyOf", [&] { createTypeIdObject(target, anyOf->getBaseTypeId()); });
     } else if (const auto* oneOf = std::get_if<OneOf>(&valueType)) {
-        JSON types = createTypeIdObjects(target, oneOf->getTypeIds());
-        property.addMember(target, "oneOf", types);
+        target.addArray("oneOf", [&] {
+            for (const std::string& typeId : oneOf->getTypeIds()) {
+                createTypeIdObject(target, typeId);
+            }
+        });
     } else {
         raiseNotRepresentable();
     }
 }
 
 /// A spec of another context than Single says so in front of its type.
-void addContext(const JSON& target, JSON& property, Context context) {
+void addContext(JSONWriter& target, Context context) {
     for (const ContextWord& named : contextWords) {
         if (named.context == context && context != Context::Single) {
-            addString(property, target, "context", named.word);
+            target.addMember("context", named.word);
         }
     }
 }
 
 /// For V2 and V3.
-void writeCurrentSpecSchema(const Spec& spec, JSON& target, DataModelVersion version) {
+void writeCurrentSpecSchema(const Spec& spec, JSONWriter& target, DataModelVersion version) {
     if (spec.getMeasurable()) {
         writeMeasurableSpecSchema(spec, target, Vocabulary::measurableSpec, version);
         return;
     }
     const bool typed =
         addVersionedFrame(target, spec.getTypeId(), Vocabulary::generalSpec, spec.getSchemaFormat(), version);
-    std::vector<JSON> members;
-    addCommonSpecConstants(target, members, spec, typed);
-    addConstants(target, members);
-    JSON property = createMember(target, Frame::value);
-    addContext(target, property, spec.getContext());
-    addValueType(target, property, spec.getValueTypeId());
-    std::vector<JSON> properties;
-    properties.push_back(std::move(property));
-    addProperties(target, properties);
+    addConstants(target, [&] { addCommonSpecConstants(target, spec, typed); });
+    addProperties(target, [&] {
+        createMember(target, Frame::value, [&] {
+            addContext(target, spec.getContext());
+            addValueType(target, spec.getValueTypeId());
+        });
+    });
 }
 
 /// For V1, by the primitive type.
-void writeLegacySpecSchema(const Spec& spec, JSON& target) {
+void writeLegacySpecSchema(const Spec& spec, JSONWriter& target) {
     const auto type = primitiveTypeOf(spec.getValueTypeId());
     const auto* primitive = std::find_if(primitiveSpecs.begin(), primitiveSpecs.end(),
                                          [&](const PrimitiveSpec& candidate) { return candidate.type == type; });
@@ -152,9 +152,7 @@ void writeLegacySpecSchema(const Spec& spec, JSON& target) {
         writeMeasurableSpecSchema(spec, target, legacyBase, V::V1);
     } else if (type == LegacyPrimitiveType::General) {
         addShortFrame(target, spec.getTypeId(), Vocabulary::generalSpec.shortFrame);
-        std::vector<JSON> members;
-        addCommonSpecConstants(target, members, spec, false);
-        addConstants(target, members);
+        addConstants(target, [&] { addCommonSpecConstants(target, spec, false); });
     } else {
         raiseNotRepresentable();
     }
@@ -176,7 +174,7 @@ Conversion conversionOfSpecKind(const Spec& spec) {
     return conversion;
 }
 
-void writeSpecSchema(const Spec& spec, JSON& target, DataModelVersion version) {
+void writeSpecSchema(const Spec& spec, JSONWriter& target, DataModelVersion version) {
     if (version == V::V1) {
         writeLegacySpecSchema(spec, target);
     } else {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "schema/Conversion.h"
-#include "schema/JSON.h"
+#include "schema/JSONWriter.h"
 
 #include <Parameters/DataModelVersion.h>
 #include <Parameters/Spec.h>
@@ -14,6 +14,6 @@ namespace Parameters {
 /// The versions of the spec itself: those of the built-in primitive types have no document in V1.
 [[nodiscard]] Conversion conversionOfSpecKind(const Spec& spec);
 
-void writeSpecSchema(const Spec& spec, JSON& target, DataModelVersion version);
+void writeSpecSchema(const Spec& spec, JSONWriter& target, DataModelVersion version);
 
 } // namespace Parameters

@@ -29,15 +29,6 @@ SubCategorySchema readSubCategorySchema(const SchemaDocument& document) {
     return schema;
 }
 
-std::vector<std::string> typeIdsOf(const std::vector<Taxon>& taxa) {
-    std::vector<std::string> typeIds;
-    typeIds.reserve(taxa.size());
-    for (const Taxon& taxon : taxa) {
-        typeIds.push_back(typeIdOf(taxon));
-    }
-    return typeIds;
-}
-
 } // namespace
 
 std::optional<CategorySchema> readCategorySchema(const SchemaDocument& document) {
@@ -67,23 +58,23 @@ Category resolveCategory(std::string_view typeId, const CategorySchema& schema,
                                      MajorCategoryComponent(domain, disciplines), major.format);
 }
 
-void writeCategorySchema(const Category& category, JSON& target, DataModelVersion version) {
+void writeCategorySchema(const Category& category, JSONWriter& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(category);
     const auto* major = std::get_if<MajorCategoryComponent>(&data.component);
     const BaseSchemas& bases = major != nullptr ? Vocabulary::majorCategory : Vocabulary::subCategory;
     const bool typed = addVersionedFrame(target, data.typeId, bases, data.schemaFormat, version);
-    std::vector<JSON> members;
-    members.push_back(createNameMember(target, data.name, typed));
-    if (major == nullptr) {
-        members.push_back(createTypedValueMember(target, "parent", *parentOf(category)));
-    } else {
-        members.push_back(createTypedValueMember(target, "domain", typeIdOf(Internals::domainOf(*major))));
+    addConstants(target, [&] {
+        createNameMember(target, data.name, typed);
+        if (major == nullptr) {
+            createTypedValueMember(target, "parent", *parentOf(category));
+            return;
+        }
+        createTypedValueMember(target, "domain", typeIdOf(Internals::domainOf(*major)));
         const std::vector<Taxon>& disciplines = Internals::disciplinesOf(*major);
         if (!disciplines.empty()) {
-            members.push_back(createTypedValueArrayMember(target, "disciplines", typeIdsOf(disciplines)));
+            createTypedValueArrayMember(target, "disciplines", disciplines, typeIdOf<Taxon>);
         }
-    }
-    addConstants(target, members);
+    });
 }
 
 void dependenciesOfCategory(const Category& category, std::set<std::string>& result,

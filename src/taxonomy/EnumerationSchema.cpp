@@ -69,7 +69,7 @@ Enumeration resolveEnumeration(std::string_view typeId, EnumerationSchema schema
     return Internals::make<Enumeration>(std::string(typeId), std::move(schema.values), schema.format);
 }
 
-void writeEnumerationSchema(const Enumeration& enumeration, JSON& target, DataModelVersion version) {
+void writeEnumerationSchema(const Enumeration& enumeration, JSONWriter& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(enumeration);
     const bool current = usesFullFrame(data.schemaFormat, version);
     if (current) {
@@ -78,15 +78,15 @@ void writeEnumerationSchema(const Enumeration& enumeration, JSON& target, DataMo
     } else {
         addShortFrame(target, data.typeId, Vocabulary::enumeration);
     }
-    std::vector<JSON> members;
-    members.reserve(data.values.size());
-    for (const auto& [id, number] : data.values) {
-        members.push_back(createInt64Member(target, id, number, false));
-    }
+    const auto createItems = [&] {
+        for (const auto& value : data.values) {
+            createInt64Member(target, value.first, value.second, false);
+        }
+    };
     if (current) {
-        addEnumItems(target, members);
+        addEnumItems(target, createItems);
     } else {
-        addProperties(target, members);
+        addProperties(target, createItems);
     }
 }
 

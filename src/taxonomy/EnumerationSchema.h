@@ -1,5 +1,6 @@
 #pragma once
 
+#include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
 #include "taxonomy/EnumerationData.h"
 
@@ -27,7 +28,7 @@ struct EnumerationParameterSchema {
 
 [[nodiscard]] Enumeration resolveEnumeration(std::string_view typeId, EnumerationSchema schema);
 
-void writeEnumerationSchema(const Enumeration& enumeration, JSON& target, DataModelVersion version);
+void writeEnumerationSchema(const Enumeration& enumeration, JSONWriter& target, DataModelVersion version);
 
 [[nodiscard]] EnumerationParameterSchema readEnumerationParameterSchema(const SchemaDocument& document);
 

@@ -38,29 +38,25 @@ template <class Number> Number readInlineBoundary(const JSON& value, std::string
     return value.hasMember(key) ? NumericRangeFamily<Number>::readBoundary(value.getMember(key)) : 0;
 }
 
-template <class Number> JSON boundaryValue(Number boundary) {
+template <class Number> void addBoundary(JSONWriter& target, std::string_view key, Number boundary) {
     if (!NumericRangeFamily<Number>::isRepresentable(boundary)) {
         raiseNotRepresentable();
     }
-    return JSON(boundary);
+    target.addMember(key, boundary);
 }
 
 /// A boundary that binds. One of 0 is left out even then: reading supplies it again.
 template <class Number>
-void addBoundary(const JSON& target, std::vector<JSON>& members, std::string_view key, bool binds, Number boundary,
-                 bool typed) {
+void createBoundaryMember(JSONWriter& target, std::string_view key, bool binds, Number boundary, bool typed) {
     if (!binds || boundary == 0) {
         return;
     }
-    JSON member = createValueMember(target, key, boundaryValue(boundary), {});
-    if (typed) {
-        addString(member, target, Frame::typeId, NumericRangeFamily<Number>::boundaryTypeName);
-    }
-    members.push_back(std::move(member));
-}
-
-void addAttribute(const JSON& document, JSON& object, std::string_view key, JSON value) {
-    object.addMember(document, key, value);
+    createMember(target, key, [&] {
+        addBoundary(target, Frame::value, boundary);
+        if (typed) {
+            addTypeId(target, NumericRangeFamily<Number>::boundaryTypeName);
+        }
+    });
 }
 
 } // namespace
@@ -87,16 +83,16 @@ NumericRange<Number> resolveNumericRange(std::string_view typeId, const NumericR
 }
 
 template <class Number>
-void writeNumericRangeSchema(const NumericRange<Number>& range, JSON& target, DataModelVersion version) {
+void writeNumericRangeSchema(const NumericRange<Number>& range, JSONWriter& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
     const bool typed =
         addVersionedFrame(target, data.typeId, NumericRangeFamily<Number>::bases, data.schemaFormat, version);
-    std::vector<JSON> members;
-    members.push_back(createBoolMember(target, fromBottomKey, data.fromBottom, typed));
-    addBoundary(target, members, bottomBoundaryKey, data.fromBottom, data.bottomBoundary, typed);
-    members.push_back(createBoolMember(target, fromTopKey, data.fromTop, typed));
-    addBoundary(target, members, topBoundaryKey, data.fromTop, data.topBoundary, typed);
-    addConstants(target, members);
+    addConstants(target, [&] {
+        createBoolMember(target, fromBottomKey, data.fromBottom, typed);
+        createBoundaryMember(target, bottomBoundaryKey, data.fromBottom, data.bottomBoundary, typed);
+        createBoolMember(target, fromTopKey, data.fromTop, typed);
+        createBoundaryMember(target, topBoundaryKey, data.fromTop, data.topBoundary, typed);
+    });
 }
 
 template <class Number> NumericRange<Number> readInlineNumericRange(const JSON& value, Units::SchemaFormat format) {
@@ -109,35 +105,30 @@ template <class Number> NumericRange<Number> readInlineNumericRange(const JSON& 
 }
 
 template <class Number>
-void writeNumericRangeConstant(const JSON& document, std::vector<JSON>& members, const NumericRange<Number>& range,
-                               DataModelVersion version) {
+void writeNumericRangeConstant(JSONWriter& target, const NumericRange<Number>& range, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
     if (!data.fromBottom && !data.fromTop) {
         return;
     }
     const RangeBaseSchemas& bases = NumericRangeFamily<Number>::bases;
-    std::optional<JSON> value;
-    if (beginsWithPrefix(data.typeId, bases.prefix)) {
-        value = JSON::createObject();
-        addAttribute(document, *value, fromBottomKey, JSON(data.fromBottom));
-        addAttribute(document, *value, bottomBoundaryKey, boundaryValue(data.bottomBoundary));
-        addAttribute(document, *value, fromTopKey, JSON(data.fromTop));
-        addAttribute(document, *value, topBoundaryKey, boundaryValue(data.topBoundary));
-    }
-    members.push_back(createRangeConstant(document, bases, data.typeId, std::move(value), version));
+    createRangeConstant(target, bases, data.typeId, beginsWithPrefix(data.typeId, bases.prefix), version, [&] {
+        target.addMember(fromBottomKey, data.fromBottom);
+        addBoundary(target, bottomBoundaryKey, data.bottomBoundary);
+        target.addMember(fromTopKey, data.fromTop);
+        addBoundary(target, topBoundaryKey, data.topBoundary);
+    });
 }
 
 template std::optional<NumericRangeSchema<double>> readNumericRangeSchema(const SchemaDocument&);
 template NumericRange<double> resolveNumericRange(std::string_view, const NumericRangeSchema<double>&);
-template void writeNumericRangeSchema(const NumericRange<double>&, JSON&, DataModelVersion);
+template void writeNumericRangeSchema(const NumericRange<double>&, JSONWriter&, DataModelVersion);
 template NumericRange<double> readInlineNumericRange(const JSON&, Units::SchemaFormat);
-template void writeNumericRangeConstant(const JSON&, std::vector<JSON>&, const NumericRange<double>&, DataModelVersion);
+template void writeNumericRangeConstant(JSONWriter&, const NumericRange<double>&, DataModelVersion);
 
 template std::optional<NumericRangeSchema<std::int64_t>> readNumericRangeSchema(const SchemaDocument&);
 template NumericRange<std::int64_t> resolveNumericRange(std::string_view, const NumericRangeSchema<std::int64_t>&);
-template void writeNumericRangeSchema(const NumericRange<std::int64_t>&, JSON&, DataModelVersion);
+template void writeNumericRangeSchema(const NumericRange<std::int64_t>&, JSONWriter&, DataModelVersion);
 template NumericRange<std::int64_t> readInlineNumericRange(const JSON&, Units::SchemaFormat);
-template void writeNumericRangeConstant(const JSON&, std::vector<JSON>&, const NumericRange<std::int64_t>&,
-                                        DataModelVersion);
+template void writeNumericRangeConstant(JSONWriter&, const NumericRange<std::int64_t>&, DataModelVersion);
 
 } // namespace Parameters

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
 
 #include <Parameters/DataModelVersion.h>
@@ -30,17 +31,16 @@ template <class Number>
                                                        const NumericRangeSchema<Number>& schema);
 
 template <class Number>
-void writeNumericRangeSchema(const NumericRange<Number>& range, JSON& target, DataModelVersion version);
+void writeNumericRangeSchema(const NumericRange<Number>& range, JSONWriter& target, DataModelVersion version);
 
 /// The range that a parameter's document gives inline, in an object. Its typeid is the static base of the document's
 /// format, whichever base the document named.
 template <class Number>
 [[nodiscard]] NumericRange<Number> readInlineNumericRange(const JSON& value, Units::SchemaFormat format);
 
-/// Appends the "range" constant of a parameter's document: the inline form for a range of the static base, a reference
+/// Creates the "range" constant of a parameter's document: the inline form for a range of the static base, a reference
 /// for any other, nothing for a range without bounds.
 template <class Number>
-void writeNumericRangeConstant(const JSON& document, std::vector<JSON>& members, const NumericRange<Number>& range,
-                               DataModelVersion version);
+void writeNumericRangeConstant(JSONWriter& target, const NumericRange<Number>& range, DataModelVersion version);
 
 } // namespace Parameters

@@ -35,20 +35,12 @@ std::vector<std::string> readUniqueStringArray(const JSON& json) {
     return strings;
 }
 
-JSON createStringArray(const JSON& document, const std::vector<std::string>& strings) {
-    std::vector<JSON> elements;
-    elements.reserve(strings.size());
-    for (const std::string& string : strings) {
-        elements.emplace_back(document, string);
-    }
-    return {document, elements};
-}
-
-/// An inline value with its one attribute.
-JSON createInlineValue(const JSON& document, std::string_view key, JSON value) {
-    JSON object = JSON::createObject();
-    object.addMember(document, key, value);
-    return object;
+void addStringArray(JSONWriter& target, std::string_view key, const std::vector<std::string>& strings) {
+    target.addArray(key, [&] {
+        for (const std::string& string : strings) {
+            target.addElement(string);
+        }
+    });
 }
 
 } // namespace
@@ -71,26 +63,26 @@ StringRange resolveStringRange(std::string_view typeId, const StringRangeSchema&
                       schema.component);
 }
 
-void writeStringRangeSchema(const StringRange& range, JSON& target, DataModelVersion version) {
+void writeStringRangeSchema(const StringRange& range, JSONWriter& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
-    std::vector<JSON> members;
     if (const auto* set = std::get_if<SetStringRangeComponent>(&data.component)) {
         const bool typed =
             addVersionedFrame(target, data.typeId, Vocabulary::setStringRange, data.schemaFormat, version);
-        JSON values = createStringArray(target, Internals::allowedValuesOf(*set));
-        JSON member = createValueMember(target, allowedValuesKey, std::move(values), {});
-        if (typed) {
-            addString(member, target, Frame::typeId, PrimitiveTypeNames::string);
-        }
-        members.push_back(std::move(member));
+        addConstants(target, [&] {
+            createMember(target, allowedValuesKey, [&] {
+                addStringArray(target, Frame::value, Internals::allowedValuesOf(*set));
+                if (typed) {
+                    addTypeId(target, PrimitiveTypeNames::string);
+                }
+            });
+        });
     } else if (const auto* regex = std::get_if<RegexStringRangeComponent>(&data.component)) {
         const bool typed =
             addVersionedFrame(target, data.typeId, Vocabulary::regexStringRange, data.schemaFormat, version);
-        members.push_back(createStringMember(target, regexKey, Internals::regexOf(*regex), typed));
+        addConstants(target, [&] { createStringMember(target, regexKey, Internals::regexOf(*regex), typed); });
     } else {
         raiseNotRepresentable();
     }
-    addConstants(target, members);
 }
 
 StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value, Units::SchemaFormat format) {
@@ -119,27 +111,21 @@ StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value
     return {};
 }
 
-void writeStringRangeConstant(const JSON& document, std::vector<JSON>& members, const StringRange& range,
-                              DataModelVersion version) {
+void writeStringRangeConstant(JSONWriter& target, const StringRange& range, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
-    std::optional<JSON> inlineValue;
     if (const auto* set = std::get_if<SetStringRangeComponent>(&data.component)) {
         const std::vector<std::string>& values = Internals::allowedValuesOf(*set);
         if (values.empty()) {
             return;
         }
-        if (beginsWithPrefix(data.typeId, Vocabulary::setStringRange.prefix)) {
-            inlineValue = createInlineValue(document, allowedValuesKey, createStringArray(document, values));
-        }
-        members.push_back(
-            createRangeConstant(document, Vocabulary::setStringRange, data.typeId, std::move(inlineValue), version));
+        createRangeConstant(target, Vocabulary::setStringRange, data.typeId,
+                            beginsWithPrefix(data.typeId, Vocabulary::setStringRange.prefix), version,
+                            [&] { addStringArray(target, allowedValuesKey, values); });
     } else if (const auto* regex = std::get_if<RegexStringRangeComponent>(&data.component)) {
         // Unlike the set, and unlike the typeid below, this looks for the prefix anywhere.
-        if (containsPrefix(data.typeId, Vocabulary::regexStringRange.prefix)) {
-            inlineValue = createInlineValue(document, regexKey, JSON(document, Internals::regexOf(*regex)));
-        }
-        members.push_back(
-            createRangeConstant(document, Vocabulary::regexStringRange, data.typeId, std::move(inlineValue), version));
+        createRangeConstant(target, Vocabulary::regexStringRange, data.typeId,
+                            containsPrefix(data.typeId, Vocabulary::regexStringRange.prefix), version,
+                            [&] { target.addMember(regexKey, Internals::regexOf(*regex)); });
     }
 }
 

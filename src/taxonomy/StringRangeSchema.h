@@ -1,5 +1,6 @@
 #pragma once
 
+#include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
 
 #include <Parameters/DataModelVersion.h>
@@ -24,15 +25,14 @@ struct StringRangeSchema {
 
 [[nodiscard]] StringRange resolveStringRange(std::string_view typeId, const StringRangeSchema& schema);
 
-void writeStringRangeSchema(const StringRange& range, JSON& target, DataModelVersion version);
+void writeStringRangeSchema(const StringRange& range, JSONWriter& target, DataModelVersion version);
 
 /// The range that a parameter's document gives inline, in an object, under a base schema. The base decides the form of
 /// the value, which must be an object; the range's typeid goes by the document's format.
 [[nodiscard]] StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value,
                                                 Units::SchemaFormat format);
 
-/// Appends the "range" constant of a parameter's document, or nothing for a range that limits nothing.
-void writeStringRangeConstant(const JSON& document, std::vector<JSON>& members, const StringRange& range,
-                              DataModelVersion version);
+/// Creates the "range" constant of a parameter's document, or nothing for a range that limits nothing.
+void writeStringRangeConstant(JSONWriter& target, const StringRange& range, DataModelVersion version);
 
 } // namespace Parameters

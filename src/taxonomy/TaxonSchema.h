@@ -1,5 +1,6 @@
 #pragma once
 
+#include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
 #include "schema/Vocabulary.h"
 
@@ -26,6 +27,6 @@ template <class Visit> void visitTexts(TaxonSchema& schema, const Visit& visit) 
 
 [[nodiscard]] Taxon resolveTaxon(std::string_view typeId, const TaxonSchema& schema);
 
-void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSON& target, DataModelVersion version);
+void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSONWriter& target, DataModelVersion version);
 
 } // namespace Parameters

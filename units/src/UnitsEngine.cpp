@@ -70,15 +70,15 @@ Item readItem(const SchemaDocument& document, const std::string& text) {
 
 /// The document of an item for readers that don't know "schemaSpecification".
 std::string writeDowngraded(const std::string& typeId, const Item& item) {
-    JSON target = JSON::createDocument();
-    addString(target, target, Frame::downgradedFrom, Frame::version3);
+    JSONWriter target = JSONWriter::createDocument();
+    target.addMember(Frame::downgradedFrom, Frame::version3);
     addShortFrame(target, typeId, item.baseSchema);
-    std::vector<JSON> constants;
-    constants.push_back(createNameMember(target, item.name, false));
-    if (item.dimension) {
-        constants.push_back(createTypedValueMember(target, dimensionConstant, *item.dimension));
-    }
-    addConstants(target, constants);
+    addConstants(target, [&] {
+        createNameMember(target, item.name, false);
+        if (item.dimension) {
+            createTypedValueMember(target, dimensionConstant, *item.dimension);
+        }
+    });
     return target.toString();
 }
 
