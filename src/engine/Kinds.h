@@ -195,8 +195,7 @@ struct SpecKind : KindDefaults {
         dependenciesOfSpec(spec, result, units);
     }
     template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& scope) {
-        return resolveSpec(typeId, std::move(body), scope.template stores<DisciplineKind>(),
-                           scope.units().getAllUnits());
+        return resolveSpec(typeId, std::move(body), scope.template stores<DisciplineKind>(), scope.unitFinder());
     }
     template <class Scope> static Object validated(const Object& spec, const Scope& scope) {
         return validatedSpec(spec, scope.template stores<DisciplineKind>(), scope.units());

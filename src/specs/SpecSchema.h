@@ -2,11 +2,11 @@
 
 #include "engine/StoreList.h"
 #include "schema/SchemaDocument.h"
+#include "specs/UnitFinder.h"
 
 #include <Parameters/Spec.h>
 #include <Units/UnitsEngine.h>
 
-#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -42,7 +42,7 @@ struct SpecSchema {
 [[nodiscard]] std::optional<SpecSchema> readSpecSchema(const SchemaDocument& document);
 
 [[nodiscard]] Spec resolveSpec(std::string_view typeId, SpecSchema schema, const StoreList<Taxon>& disciplineStores,
-                               const std::map<std::string, Units::Unit>& allUnits);
+                               UnitFinder& units);
 
 /// Calls visit with each typeid that the schema waits for in this library.
 template <class Visit> void dependenciesOfSpecSchema(SpecSchema& schema, const Visit& visit) {

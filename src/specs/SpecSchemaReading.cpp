@@ -139,24 +139,23 @@ Taxon resolveDiscipline(std::string_view typeId, const SpecSchema& schema, const
 }
 
 const Units::Unit& resolveUnit(std::string_view typeId, std::string_view constant, const TypeIdKey& unit,
-                               const std::map<std::string, Units::Unit>& allUnits) {
-    const auto found = allUnits.find(std::string(unit.typeId));
-    if (found == allUnits.end()) {
+                               UnitFinder& units) {
+    const Units::Unit* found = units.find(unit);
+    if (found == nullptr) {
         throw ValidationException(joined({"Typeid ", unit.typeId, " ", constant, " constant in measurable spec schema ",
                                           typeId, " does not belong to a unit."}));
     }
-    return found->second;
+    return *found;
 }
 
-Measurable resolveMeasurable(std::string_view typeId, const MeasurableSpecSchema& schema,
-                             const std::map<std::string, Units::Unit>& allUnits) {
-    const Units::Unit& storage = resolveUnit(typeId, "for storageUnit", schema.storageUnit, allUnits);
-    std::vector<Units::Unit> units;
-    units.reserve(schema.applicableUnits.size());
+Measurable resolveMeasurable(std::string_view typeId, const MeasurableSpecSchema& schema, UnitFinder& units) {
+    const Units::Unit storage = resolveUnit(typeId, "for storageUnit", schema.storageUnit, units);
+    std::vector<Units::Unit> applicable;
+    applicable.reserve(schema.applicableUnits.size());
     for (const TypeIdKey& unit : schema.applicableUnits) {
-        units.push_back(resolveUnit(typeId, "in applicableUnits", unit, allUnits));
+        applicable.push_back(resolveUnit(typeId, "in applicableUnits", unit, units));
     }
-    return {units, storage};
+    return {applicable, storage};
 }
 
 /// Only these exact versions stand for a value type; any other has the empty name.
@@ -212,11 +211,11 @@ std::optional<SpecSchema> readSpecSchema(const SchemaDocument& document) {
 }
 
 Spec resolveSpec(std::string_view typeId, SpecSchema schema, const StoreList<Taxon>& disciplineStores,
-                 const std::map<std::string, Units::Unit>& allUnits) {
+                 UnitFinder& units) {
     Taxon discipline = resolveDiscipline(typeId, schema, disciplineStores);
     std::optional<Measurable> measurable;
     if (const auto* body = std::get_if<MeasurableSpecSchema>(&schema.shape)) {
-        measurable = resolveMeasurable(typeId, *body, allUnits);
+        measurable = resolveMeasurable(typeId, *body, units);
     }
     ValueTypeId valueType = resolveValueType(schema);
     const auto* complex = std::get_if<ComplexSpecSchema>(&schema.shape);
