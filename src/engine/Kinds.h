@@ -43,8 +43,9 @@ namespace Parameters {
 //   addDependencies  adds the typeids that an object depends on
 //   resolve          object of a body; scope tells where its references may be found
 //   validated        object to store for one that a caller built
-//   write            document of an object for a version
+//   prefetch         has the processor fetch what the next two read
 //   conversionOf     versions in which an object can be represented
+//   write            document of an object for a version
 
 /// What most kinds do: they refer to nothing, and go by their format.
 struct KindDefaults {
@@ -54,6 +55,7 @@ struct KindDefaults {
     template <class Object>
     static void addDependencies(const Object& /*object*/, std::set<std::string>& /*result*/,
                                 const Units::UnitsEngine& /*units*/, const StoreList<Category>& /*categories*/) {}
+    template <class Object> static void prefetch(const Object& /*object*/) {}
     template <class Object> static Conversion conversionOf(const Object& object) {
         return conversionByFormat(object.getSchemaFormat());
     }
@@ -231,6 +233,7 @@ struct ParameterKind : KindDefaults {
     static void write(const Object& parameter, JSONWriter& target, DataModelVersion version) {
         writeParameterSchema(parameter, target, version);
     }
+    static void prefetch(const Object& parameter) { prefetchForWriting(parameter); }
     static Conversion conversionOf(const Object& parameter) { return conversionOfSpec(parameter.getSpec()); }
 
 private:
@@ -254,9 +257,9 @@ using ResolutionOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, 
 using ImportOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind, DomainKind, CategoryKind,
                              DisciplineKind, SpecKind, GroupKind, ParameterKind>;
 
-/// Where the order makes no difference.
-using AllKinds = KindList<SpecKind, GroupKind, DisciplineKind, CategoryKind, EnumerationKind, FloatRangeKind,
-                          IntRangeKind, StringRangeKind, DomainKind, ParameterKind>;
+/// Where the order makes no difference; what there is most of comes first.
+using AllKinds = KindList<ParameterKind, SpecKind, GroupKind, DisciplineKind, CategoryKind, EnumerationKind,
+                          FloatRangeKind, IntRangeKind, StringRangeKind, DomainKind>;
 
 static_assert(IntakeOrder::isOrderOf(AllKinds{}) && ResolutionOrder::isOrderOf(AllKinds{}) &&
                   ImportOrder::isOrderOf(AllKinds{}),

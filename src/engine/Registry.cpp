@@ -18,7 +18,7 @@ void Registry::finishPending() noexcept {
         using Kind = decltype(kind);
         auto& items = store<Kind>();
         for (std::size_t i = 0; i < items.pending.size(); ++i) {
-            places_[items.pending[i].entry].value = placeOf<Kind>(false, items.finished.size());
+            places_[items.pending[i].entry].value = placeOf<Kind>(items.staged[i], items.finished.size());
             items.finished.push_back(std::move(items.staged[i]));
         }
         items.clearPending();
@@ -54,7 +54,7 @@ void Registry::takeFinished(Registry& other) noexcept {
         visitKind(entry.value.kind, [&](auto kind) {
             using Kind = decltype(kind);
             auto& item = other.store<Kind>().finished[entry.value.position];
-            add<Kind>(store<Kind>().finished, false, key, std::move(item));
+            add<Kind>(store<Kind>().finished, key, std::move(item));
         });
     }
 }

@@ -2,6 +2,7 @@
 
 #include "engine/Kinds.h"
 #include "engine/StoreList.h"
+#include "schema/Prefetch.h"
 #include "schema/Text.h"
 
 #include <Parameters/Exceptions.h>
@@ -96,7 +97,12 @@ public:
         if (place == nullptr || place->isPending) {
             return false;
         }
-        visitKind(place->kind, [&](auto kind) { visit(kind, store<decltype(kind)>().finished[place->position]); });
+        visitKind(place->kind, [&](auto kind) {
+            using Kind = decltype(kind);
+            using Data = decltype(Internals::dataOf(std::declval<typename Kind::Object>()));
+            Parameters::prefetch(place->data, sizeof(Data));
+            visit(kind, store<Kind>().finished[place->position]);
+        });
         return true;
     }
 
@@ -122,7 +128,7 @@ public:
         const TypeIdKey key(typeIdOf(object));
         requireAbsent(key);
         tidyUp();
-        add<Kind>(store<Kind>().finished, false, key, {std::move(object), text});
+        add<Kind>(store<Kind>().finished, key, {std::move(object), text});
     }
 
     /// The typeid must be absent. The text is copied, and so are the texts of the body.
@@ -132,7 +138,7 @@ public:
         Kind::visitTexts(body, [&](std::string_view part) { size += part.size(); });
         pendingTexts_.reserve(size);
         auto& schemas = store<Kind>().pending;
-        add<Kind>(schemas, true, key, {std::move(body), text, places_.size()});
+        add<Kind>(schemas, key, {std::move(body), text, places_.size()});
         Kind::visitTexts(*schemas.back().body, [&](std::string_view& part) { part = pendingTexts_.add(part); });
     }
 
@@ -163,19 +169,26 @@ private:
         });
     }
 
-    template <class Kind> [[nodiscard]] static ItemPlace placeOf(bool isPending, std::size_t position) noexcept {
-        return {static_cast<std::uint8_t>(AllKinds::positionOf<Kind>()), isPending,
-                static_cast<std::uint32_t>(position)};
+    template <class Kind>
+    [[nodiscard]] static ItemPlace placeOf(const FinishedItem<typename Kind::Object>& item,
+                                           std::size_t position) noexcept {
+        return {static_cast<std::uint8_t>(AllKinds::positionOf<Kind>()), false, static_cast<std::uint32_t>(position),
+                &Internals::dataOf(item.object)};
+    }
+    template <class Kind>
+    [[nodiscard]] static ItemPlace placeOf(const PendingSchema<typename Kind::Body>& /*schema*/,
+                                           std::size_t position) noexcept {
+        return {static_cast<std::uint8_t>(AllKinds::positionOf<Kind>()), true, static_cast<std::uint32_t>(position),
+                nullptr};
     }
 
     /// Adds an item to a store, with a copy of its text. It may fail where there is no room, and then changes nothing
     /// that can be seen.
-    template <class Kind, class Item>
-    void add(std::vector<Item>& items, bool arePending, const TypeIdKey& key, Item item) {
+    template <class Kind, class Item> void add(std::vector<Item>& items, const TypeIdKey& key, Item item) {
         makeRoom(items, 1);
         places_.reserveFor(key);
         item.text = texts_.add(item.text);
-        places_.insert(key, placeOf<Kind>(arePending, items.size()));
+        places_.insert(key, placeOf<Kind>(item, items.size()));
         items.push_back(std::move(item));
     }
 

@@ -27,6 +27,8 @@ struct ItemPlace {
     std::uint8_t kind;
     bool isPending;
     std::uint32_t position;
+    /// The data of a finished object, which may be fetched before the item is.
+    const void* data;
 };
 
 /// Where each item of a registry stands.

@@ -33,6 +33,7 @@ template <class Kind> std::string naturalText(const typename Kind::Object& objec
 template <class Kind>
 std::string compatibleText(const typename Kind::Object& object, std::string_view registeredText,
                            DataModelVersion version) {
+    Kind::prefetch(object);
     const Conversion conversion = Kind::conversionOf(object);
     if (!registeredText.empty() && conversion.representable.contains(version) && conversion.natural.contains(version)) {
         return std::string(registeredText);

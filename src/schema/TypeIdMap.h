@@ -1,5 +1,6 @@
 #pragma once
 
+#include "schema/Prefetch.h"
 #include "schema/TextArena.h"
 
 #include <algorithm>
@@ -73,7 +74,7 @@ public:
     /// Has the processor fetch what looking the key up begins with, so that several look-ups wait together.
     void prefetch(const TypeIdKey& key) const noexcept {
         if (!slots_.empty()) {
-            __builtin_prefetch(&slots_[key.hash & mask()]);
+            Parameters::prefetch(&slots_[key.hash & mask()], sizeof(Slot));
         }
     }
 

@@ -2,17 +2,24 @@
 
 #include "schema/Conversion.h"
 #include "schema/Frame.h"
+#include "schema/Prefetch.h"
 #include "schema/VersionedFrame.h"
+#include "specs/ParameterData.h"
 #include "specs/PrimitiveSpecs.h"
+#include "specs/SpecData.h"
 #include "taxonomy/CategoryData.h"
 #include "taxonomy/EnumerationData.h"
+#include "taxonomy/NumericRangeData.h"
 #include "taxonomy/NumericRangeSchema.h"
+#include "taxonomy/StringRangeData.h"
 #include "taxonomy/StringRangeSchema.h"
 #include "taxonomy/TaxonData.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <type_traits>
+#include <variant>
 
 namespace Parameters {
 
@@ -185,9 +192,34 @@ void writeLegacyParameterSchema(const Parameter& parameter, JSONWriter& target, 
     }
 }
 
+/// Calls visit with each object that the parameter refers to.
+template <class Visit> void visitReferences(const Parameter& parameter, const Visit& visit) {
+    visit(parameter.getSpec());
+    visit(parameter.getGroup());
+    std::visit(
+        [&](const auto& range) {
+            if constexpr (!std::is_same_v<decltype(range), const std::monostate&>) {
+                visit(range);
+            }
+        },
+        parameter.getRange());
+}
+
 } // namespace
 
+void prefetchForWriting(const Parameter& parameter) {
+    visitReferences(parameter, [](const auto& object) {
+        const auto& data = Internals::dataOf(object);
+        prefetch(&data, sizeof(data));
+    });
+    const auto& data = Internals::dataOf(parameter);
+    prefetch(data.typeId);
+    prefetch(data.name);
+    prefetch(data.description);
+}
+
 void writeParameterSchema(const Parameter& parameter, JSONWriter& target, DataModelVersion version) {
+    visitReferences(parameter, [](const auto& object) { prefetch(typeIdOf(object)); });
     const auto type = primitiveTypeOf(parameter.getSpec().getValueTypeId());
     if (version == V::V1 && type) {
         writeLegacyParameterSchema(parameter, target, *type);
