@@ -196,7 +196,7 @@ struct SpecKind : KindDefaults {
                                 const StoreList<Category>& /*categories*/) {
         dependenciesOfSpec(spec, result, units);
     }
-    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& scope) {
+    template <class Scope> static Object resolve(std::string_view typeId, Body body, Scope& scope) {
         return resolveSpec(typeId, std::move(body), scope.template stores<DisciplineKind>(), scope.unitFinder());
     }
     template <class Scope> static Object validated(const Object& spec, const Scope& scope) {

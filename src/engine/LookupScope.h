@@ -15,7 +15,7 @@ class LookupScope {
 public:
     template <class... Registries>
     explicit LookupScope(const Units::UnitsEngine& units, const Registries&... registries)
-        : units_(units), unitFinder_(units), registries_{&registries...} {
+        : units_(units), registries_{&registries...} {
         static_assert(sizeof...(Registries) <= capacity);
     }
 
@@ -31,14 +31,10 @@ public:
 
     [[nodiscard]] const Units::UnitsEngine& units() const noexcept { return units_; }
 
-    [[nodiscard]] UnitFinder& unitFinder() const noexcept { return unitFinder_; }
-
 private:
     static constexpr std::size_t capacity = StoreList<int>::capacity;
 
     const Units::UnitsEngine& units_;
-    /// Remembers, which no one else can tell.
-    mutable UnitFinder unitFinder_;
     std::array<const Registry*, capacity> registries_;
 };
 

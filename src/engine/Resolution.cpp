@@ -51,8 +51,20 @@ void forEachUntilFault(Items& items, GetTypeId getTypeId, Work work) {
     fault.rethrow();
 }
 
+/// Where a resolution looks references up. It finds each unit once.
+class ResolutionScope : public LookupScope {
+public:
+    ResolutionScope(const Units::UnitsEngine& units, const Registry& primary, const Registry& imported)
+        : LookupScope(units, primary, imported), unitFinder_(units) {}
+
+    [[nodiscard]] UnitFinder& unitFinder() noexcept { return unitFinder_; }
+
+private:
+    UnitFinder unitFinder_;
+};
+
 /// Makes the objects of one kind, of which none depends on another.
-template <class Kind> void stagePending(Registry& registry, const LookupScope& scope) {
+template <class Kind> void stagePending(Registry& registry, ResolutionScope& scope) {
     auto& items = registry.store<Kind>();
     items.staged.reserve(items.pending.size());
     const auto typeIdOfSchema = [&](const auto& schema) { return registry.typeIdAt(schema.entry); };
@@ -79,7 +91,7 @@ void checkSubcategoryParents(const StoreList<Category>& stores, const std::vecto
 
 /// Makes an object of everything pending, beside what is finished, or throws.
 void stageAll(Registry& primary, const Registry& imported, const Units::UnitsEngine& units) {
-    const LookupScope scope(units, primary, imported);
+    ResolutionScope scope(units, primary, imported);
     ResolutionOrder::forEach([&](auto kind) { stagePending<decltype(kind)>(primary, scope); });
     const auto categories = scope.stores<CategoryKind>();
     checkSubcategoryParents(categories, primary.store<CategoryKind>().staged);

@@ -3,6 +3,7 @@
 #include <rapidjson/writer.h>
 
 #include <charconv>
+#include <utility>
 
 namespace {
 

@@ -9,7 +9,6 @@
 
 #include <cstdint>
 #include <string_view>
-#include <utility>
 
 namespace Parameters {
 

@@ -7,7 +7,6 @@
 #include "taxonomy/StringRangeData.h"
 
 #include <set>
-#include <utility>
 
 namespace Parameters {
 

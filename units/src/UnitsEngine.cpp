@@ -11,7 +11,6 @@
 
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace Units {
 
