@@ -47,7 +47,7 @@ void Registry::dropPending() noexcept {
 
 void Registry::takeFinished(Registry& other) noexcept {
     for (auto& entry : other.places_) {
-        const TypeIdKey key(entry.typeId);
+        const TypeIdKey key(entry.typeId());
         if (contains(key)) {
             continue;
         }

@@ -75,7 +75,7 @@ public:
         return std::get<KindStore<Kind>>(stores_);
     }
 
-    [[nodiscard]] std::string_view typeIdAt(std::size_t entry) const noexcept { return places_[entry].typeId; }
+    [[nodiscard]] std::string_view typeIdAt(std::size_t entry) const noexcept { return places_[entry].typeId(); }
 
     /// The finished object, or null.
     template <class Kind> [[nodiscard]] const auto* find(const TypeIdKey& key) const noexcept {

@@ -4,8 +4,10 @@
 #include "schema/TextArena.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -40,9 +42,39 @@ template <class Item> void makeRoom(std::vector<Item>& items, std::size_t count)
 /// order by typeid is worked out by whoever needs it.
 template <class Value> class TypeIdMap {
 public:
-    struct Entry {
-        std::string_view typeId;
+    class Entry {
+    public:
+        /// The typeid must outlive the entry if it is long.
+        Entry(std::string_view typeId, Value&& entryValue)
+            : value(std::move(entryValue)), size_(static_cast<std::uint32_t>(typeId.size())) {
+            if (isLong(typeId)) {
+                const char* characters = typeId.data();
+                std::memcpy(here_.data(), &characters, sizeof(characters));
+            } else {
+                std::copy(typeId.begin(), typeId.end(), here_.begin());
+            }
+        }
+
+        /// Valid as long as nothing is inserted or erased.
+        [[nodiscard]] std::string_view typeId() const noexcept {
+            const char* characters = here_.data();
+            if (size_ > here_.size()) {
+                std::memcpy(&characters, here_.data(), sizeof(characters));
+            }
+            return {characters, size_};
+        }
+
+        /// Whether a typeid does not fit the entry.
+        static bool isLong(std::string_view typeId) noexcept { return typeId.size() > size; }
+
         Value value;
+
+    private:
+        static constexpr std::size_t size = 52;
+
+        std::uint32_t size_;
+        /// The characters or, of a long typeid, where they stand: a look-up waits for one place in memory only.
+        std::array<char, size> here_;
     };
 
     [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
@@ -64,7 +96,7 @@ public:
             if (slot.entry == vacant) {
                 return nullptr;
             }
-            if (slot.hash == key.hash && entries_[slot.entry].typeId == key.typeId) {
+            if (slot.hash == key.hash && entries_[slot.entry].typeId() == key.typeId) {
                 return &entries_[slot.entry].value;
             }
         }
@@ -81,20 +113,20 @@ public:
     /// Makes room for a further entry, so that inserting it can't fail.
     void reserveFor(const TypeIdKey& key) {
         reserveMore(1);
-        typeIds_.reserve(key.typeId.size());
+        longTypeIds_.reserve(Entry::isLong(key.typeId) ? key.typeId.size() : 0);
     }
 
     /// Makes room for the entries of another map, so that inserting them can't fail.
     void reserveFor(const TypeIdMap& other) {
         static_assert(std::is_nothrow_move_constructible_v<Value>, "what was reserved must not fail");
         reserveMore(other.size());
-        typeIds_.reserve(other.typeIds_.usedSize());
+        longTypeIds_.reserve(other.longTypeIds_.usedSize());
     }
 
     /// Adds an entry; the map must not hold the typeid yet. Without room reserved it may fail and then changes nothing.
     void insert(const TypeIdKey& key, Value value) {
         reserveMore(1);
-        entries_.push_back(Entry{typeIds_.add(key.typeId), std::move(value)});
+        entries_.emplace_back(kept(longTypeIds_, key.typeId), std::move(value));
         place(slots_, Slot{key.hash, static_cast<std::uint32_t>(entries_.size() - 1)});
     }
 
@@ -106,14 +138,14 @@ public:
         }
         const auto lose = [&](const Entry& entry) {
             const bool isErased = test(entry.value);
-            if (isErased) {
-                typeIds_.waste(entry.typeId.size());
+            if (isErased && Entry::isLong(entry.typeId())) {
+                longTypeIds_.waste(entry.typeId().size());
             }
             return isErased;
         };
         entries_.erase(std::remove_if(begin, entries_.end(), lose), entries_.end());
         for (std::size_t i = first; i < entries_.size(); ++i) {
-            place(slots_, Slot{hashOfTypeId(entries_[i].typeId), static_cast<std::uint32_t>(i)});
+            place(slots_, Slot{hashOfTypeId(entries_[i].typeId()), static_cast<std::uint32_t>(i)});
         }
     }
 
@@ -124,7 +156,7 @@ public:
         for (const Entry& entry : entries_) {
             order.push_back(&entry);
         }
-        const auto byTypeId = [](const Entry* left, const Entry* right) { return left->typeId < right->typeId; };
+        const auto byTypeId = [](const Entry* left, const Entry* right) { return left->typeId() < right->typeId(); };
         // Catalogs often come in this order already.
         if (!std::is_sorted(order.begin(), order.end(), byTypeId)) {
             std::sort(order.begin(), order.end(), byTypeId);
@@ -142,7 +174,7 @@ private:
     [[nodiscard]] std::size_t mask() const noexcept { return slots_.size() - 1; }
 
     void reserveMore(std::size_t count) {
-        if (typeIds_.isWasteful(size())) {
+        if (longTypeIds_.isWasteful(size())) {
             tidyUp();
         }
         makeRoom(entries_, count);
@@ -152,14 +184,19 @@ private:
         }
     }
 
-    /// Lets go of the typeids of erased entries.
+    /// The typeid where it can stay, if it can't be in an entry.
+    static std::string_view kept(TextArena& longTypeIds, std::string_view typeId) {
+        return Entry::isLong(typeId) ? longTypeIds.add(typeId) : typeId;
+    }
+
+    /// Lets go of the long typeids of erased entries.
     void tidyUp() {
         TextArena typeIds;
-        typeIds.reserve(typeIds_.usedSize());
+        typeIds.reserve(longTypeIds_.usedSize());
         for (Entry& entry : entries_) {
-            entry.typeId = typeIds.add(entry.typeId);
+            entry = Entry(kept(typeIds, entry.typeId()), std::move(entry.value));
         }
-        typeIds_ = std::move(typeIds);
+        longTypeIds_ = std::move(typeIds);
     }
 
     /// The number of slots is a power of two, and at most half of them are taken.
@@ -179,7 +216,7 @@ private:
 
     /// Empties the slot of an entry, and moves those behind it that only made way.
     void vacate(std::size_t entry) noexcept {
-        std::size_t gap = hashOfTypeId(entries_[entry].typeId) & mask();
+        std::size_t gap = hashOfTypeId(entries_[entry].typeId()) & mask();
         while (slots_[gap].entry != entry) {
             gap = (gap + 1) & mask();
         }
@@ -201,7 +238,7 @@ private:
         slots[i] = taken;
     }
 
-    TextArena typeIds_;
+    TextArena longTypeIds_;
     std::vector<Entry> entries_;
     std::vector<Slot> slots_;
 };

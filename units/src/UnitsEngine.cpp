@@ -172,18 +172,18 @@ void UnitsEngine::resolveSchemas() {
         const Item& item = entry->value;
         if (item.dimension && !impl_->isDimension(*item.dimension)) {
             const ValidationException missing(
-                joined({"Dependency ", *item.dimension, " in schema ", entry->typeId,
+                joined({"Dependency ", *item.dimension, " in schema ", entry->typeId(),
                         " is missing or does not represent an object of the expected type."}));
             impl_->pending = {};
             throw missing;
         }
-        addIfUnit(resolved, std::string(entry->typeId), item);
+        addIfUnit(resolved, std::string(entry->typeId()), item);
     }
     impl_->finished.reserveFor(impl_->pending);
     // Nothing fails from here on.
     auto pending = std::exchange(impl_->pending, {});
     for (auto& entry : pending) {
-        impl_->finished.insert(entry.typeId, std::move(entry.value));
+        impl_->finished.insert(entry.typeId(), std::move(entry.value));
     }
     impl_->units.merge(resolved);
 }
