@@ -45,8 +45,7 @@ public:
     class Entry {
     public:
         /// The typeid must outlive the entry if it is long.
-        Entry(std::string_view typeId, Value&& entryValue)
-            : value(std::move(entryValue)), size_(static_cast<std::uint32_t>(typeId.size())) {
+        Entry(std::string_view typeId, Value&& entryValue) : value(std::move(entryValue)), size_(typeId.size()) {
             if (isLong(typeId)) {
                 const char* characters = typeId.data();
                 std::memcpy(here_.data(), &characters, sizeof(characters));
@@ -70,9 +69,9 @@ public:
         Value value;
 
     private:
-        static constexpr std::size_t size = 52;
+        static constexpr std::size_t size = 48;
 
-        std::uint32_t size_;
+        std::size_t size_;
         /// The characters or, of a long typeid, where they stand: a look-up waits for one place in memory only.
         std::array<char, size> here_;
     };
