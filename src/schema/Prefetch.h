@@ -16,6 +16,7 @@ namespace Parameters {
     for (std::size_t offset = 0; offset < before + size; offset += cacheLine) {
         __builtin_prefetch(firstLine + offset);
     }
+    asm volatile("");
 }
 
 /// Of a long text the beginning: the processor sees by itself how it goes on.
