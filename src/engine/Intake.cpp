@@ -33,9 +33,9 @@ bool storePending(EngineImpl& engine, const SchemaDocument& document, const Type
         return false;
     }
     if (missing != nullptr) {
-        const auto prefetch = [&](const TypeIdKey& typeId) { engine.primary.prefetch(typeId); };
-        Kind::dependenciesOfSchema(*body, prefetch);
-        Kind::unitDependenciesOfSchema(*body, prefetch);
+        const auto prefetchIndex = [&](const TypeIdKey& typeId) { engine.primary.prefetchIndex(typeId); };
+        Kind::dependenciesOfSchema(*body, prefetchIndex);
+        Kind::unitDependenciesOfSchema(*body, prefetchIndex);
         Kind::dependenciesOfSchema(
             *body, [&](const TypeIdKey& typeId) { collectMissing(engine, key, typeId, missing->first); });
         Kind::unitDependenciesOfSchema(
@@ -53,7 +53,7 @@ bool takeSchema(EngineImpl& engine, const std::string& schemaText, MissingTypeId
     const JSON typeId = root.getMember(Frame::typeId);
     const TypeIdKey key(typeId.isString() ? typeId.getStringView() : std::string_view());
     // The index has it ready by the time that the frame has been read.
-    engine.primary.prefetch(key);
+    engine.primary.prefetchIndex(key);
     const SchemaDocument document = readSchemaDocument(std::move(root));
     engine.requireUnregistered(document.typeId, key);
     return IntakeOrder::any(

@@ -67,8 +67,23 @@ public:
     /// Whether the typeid is that of a finished object or of a pending schema.
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return places_.contains(key); }
 
-    /// Prepares looking the key up, which takes a while in a large registry.
-    void prefetch(const TypeIdKey& key) const noexcept { places_.prefetch(key); }
+    // What a look-up waits for in a large registry, to be fetched before. Each reads what the one before it fetches.
+
+    void prefetchIndex(const TypeIdKey& key) const noexcept { places_.prefetchIndex(key); }
+    void prefetchEntry(const TypeIdKey& key) const noexcept { places_.prefetchEntry(key); }
+    void prefetchItem(const TypeIdKey& key) const noexcept {
+        const ItemPlace* place = places_.findLikelyValue(key);
+        if (place == nullptr || place->data == nullptr) {
+            return;
+        }
+        visitKind(place->kind, [&](auto kind) {
+            const auto& items = store<decltype(kind)>();
+            prefetch(items.at(*place), sizeof(*items.at(*place)));
+        });
+        // The number of references to the data stands before it.
+        constexpr std::size_t countSize = 16;
+        prefetch(static_cast<const char*>(place->data) - countSize, countSize);
+    }
 
     template <class Kind> [[nodiscard]] KindStore<Kind>& store() noexcept { return std::get<KindStore<Kind>>(stores_); }
     template <class Kind> [[nodiscard]] const KindStore<Kind>& store() const noexcept {
@@ -100,7 +115,7 @@ public:
         visitKind(place->kind, [&](auto kind) {
             using Kind = decltype(kind);
             using Data = decltype(Internals::dataOf(std::declval<typename Kind::Object>()));
-            Parameters::prefetch(place->data, sizeof(Data));
+            prefetch(place->data, sizeof(Data));
             visit(kind, store<Kind>().finished[place->position]);
         });
         return true;
@@ -140,6 +155,13 @@ public:
         auto& schemas = store<Kind>().pending;
         add<Kind>(schemas, key, {std::move(body), text, places_.size()});
         Kind::visitTexts(*schemas.back().body, [&](std::string_view& part) { part = pendingTexts_.add(part); });
+    }
+
+    /// Keeps what has been made of the next pending schema of its kind. There must be room.
+    template <class Kind> void stage(const PendingSchema<typename Kind::Body>& schema, typename Kind::Object object) {
+        auto& staged = store<Kind>().staged;
+        staged.push_back({std::move(object), schema.text});
+        places_[schema.entry].value.data = &Internals::dataOf(staged.back().object);
     }
 
     /// Makes room for finishPending() and then takeFinished() of the other, so that these can't fail half-way.

@@ -63,14 +63,29 @@ private:
     UnitFinder unitFinder_;
 };
 
+/// Has fetched, step by step, what the schemas refer to that come some time after the one at a position.
+template <class Kind>
+void prefetchReferences(const Registry& registry, std::vector<PendingSchema<typename Kind::Body>>& schemas,
+                        std::size_t position) {
+    constexpr std::size_t stepSize = 3;
+    const auto visitAhead = [&](std::size_t steps, const auto& visit) {
+        if (const std::size_t ahead = position + steps * stepSize; ahead < schemas.size()) {
+            Kind::dependenciesOfSchema(*schemas[ahead].body, visit);
+        }
+    };
+    visitAhead(3, [&](const TypeIdKey& typeId) { registry.prefetchIndex(typeId); });
+    visitAhead(2, [&](const TypeIdKey& typeId) { registry.prefetchEntry(typeId); });
+    visitAhead(1, [&](const TypeIdKey& typeId) { registry.prefetchItem(typeId); });
+}
+
 /// Makes the objects of one kind, of which none depends on another.
 template <class Kind> void stagePending(Registry& registry, ResolutionScope& scope) {
     auto& items = registry.store<Kind>();
     items.staged.reserve(items.pending.size());
     const auto typeIdOfSchema = [&](const auto& schema) { return registry.typeIdAt(schema.entry); };
     forEachUntilFault(items.pending, typeIdOfSchema, [&](auto& schema) {
-        auto object = Kind::resolve(typeIdOfSchema(schema), schema.body.take(), scope);
-        items.staged.push_back({std::move(object), schema.text});
+        prefetchReferences<Kind>(registry, items.pending, static_cast<std::size_t>(&schema - items.pending.data()));
+        registry.stage<Kind>(schema, Kind::resolve(typeIdOfSchema(schema), schema.body.take(), scope));
     });
 }
 

@@ -27,7 +27,7 @@ struct ItemPlace {
     std::uint8_t kind;
     bool isPending;
     std::uint32_t position;
-    /// The data of a finished object, which may be fetched before the item is.
+    /// The data of the object, which may be fetched before the item is; null of a pending schema.
     const void* data;
 };
 
@@ -43,11 +43,13 @@ template <class Object> struct ObjectStore {
 
     [[nodiscard]] const FinishedItem<Object>* find(const ItemPlaces& places, const TypeIdKey& key) const noexcept {
         const ItemPlace* place = places.find(key);
-        if (place == nullptr || place->kind != kind) {
-            return nullptr;
-        }
-        const auto& items = place->isPending ? staged : finished;
-        return place->position < items.size() ? &items[place->position] : nullptr;
+        return place != nullptr && place->kind == kind ? at(*place) : nullptr;
+    }
+
+    /// The item at a place of this kind, or null of a schema that is still pending.
+    [[nodiscard]] const FinishedItem<Object>* at(const ItemPlace& place) const noexcept {
+        const auto& items = place.isPending ? staged : finished;
+        return place.position < items.size() ? &items[place.position] : nullptr;
     }
 };
 

@@ -8,19 +8,20 @@
 namespace Parameters {
 
 /// Has the processor fetch memory that is going to be read, so that several places of a large catalog arrive together
-/// instead of one after the other. Inlined by force: g++ takes a call of a function that does nothing else for useless.
-[[gnu::always_inline]] inline void prefetch(const void* begin, std::size_t size) noexcept {
+/// instead of one after the other.
+inline void prefetch(const void* begin, std::size_t size) noexcept {
     constexpr std::size_t cacheLine = 64;
     const std::size_t before = reinterpret_cast<std::uintptr_t>(begin) % cacheLine;
     const char* firstLine = static_cast<const char*>(begin) - before;
     for (std::size_t offset = 0; offset < before + size; offset += cacheLine) {
         __builtin_prefetch(firstLine + offset);
     }
+    // Does nothing, but without it g++ takes functions that only fetch for useless, and drops their calls.
     asm volatile("");
 }
 
 /// Of a long text the beginning: the processor sees by itself how it goes on.
-[[gnu::always_inline]] inline void prefetch(std::string_view text) noexcept {
+inline void prefetch(std::string_view text) noexcept {
     constexpr std::size_t beginning = 256;
     prefetch(text.data(), std::min(text.size(), beginning));
 }

@@ -87,26 +87,28 @@ public:
     [[nodiscard]] const Entry& operator[](std::size_t position) const noexcept { return entries_[position]; }
 
     [[nodiscard]] const Value* find(const TypeIdKey& key) const noexcept {
-        if (entries_.empty()) {
-            return nullptr;
-        }
-        for (std::size_t i = key.hash & mask();; i = (i + 1) & mask()) {
-            const Slot& slot = slots_[i];
-            if (slot.entry == vacant) {
-                return nullptr;
-            }
-            if (slot.hash == key.hash && entries_[slot.entry].typeId() == key.typeId) {
-                return &entries_[slot.entry].value;
-            }
-        }
+        const Entry* entry = findEntry(key, [&](const Entry& each) { return each.typeId() == key.typeId; });
+        return entry != nullptr ? &entry->value : nullptr;
     }
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return find(key) != nullptr; }
 
-    /// Has the processor fetch what looking the key up begins with, so that several look-ups wait together.
-    void prefetch(const TypeIdKey& key) const noexcept {
+    // A look-up goes from the index to the entry. Where a few are coming, or one later on, these have the processor
+    // fetch what they wait for. Each reads what the one before it fetches.
+
+    void prefetchIndex(const TypeIdKey& key) const noexcept {
         if (!slots_.empty()) {
-            Parameters::prefetch(&slots_[key.hash & mask()], sizeof(Slot));
+            prefetch(&slots_[key.hash & mask()], sizeof(Slot));
         }
+    }
+    void prefetchEntry(const TypeIdKey& key) const noexcept {
+        if (const Entry* entry = findLikely(key)) {
+            prefetch(entry, sizeof(Entry));
+        }
+    }
+    /// The value that find() gives, but for rare cases: the typeids are not compared.
+    [[nodiscard]] const Value* findLikelyValue(const TypeIdKey& key) const noexcept {
+        const Entry* entry = findLikely(key);
+        return entry != nullptr ? &entry->value : nullptr;
     }
 
     /// Makes room for a further entry, so that inserting it can't fail.
@@ -171,6 +173,26 @@ private:
     static constexpr std::uint32_t vacant = 0xFFFFFFFF;
 
     [[nodiscard]] std::size_t mask() const noexcept { return slots_.size() - 1; }
+
+    /// The first entry with the hash of the key that is accepted, or null.
+    template <class Accept>
+    [[nodiscard]] const Entry* findEntry(const TypeIdKey& key, const Accept& accept) const noexcept {
+        if (entries_.empty()) {
+            return nullptr;
+        }
+        for (std::size_t i = key.hash & mask();; i = (i + 1) & mask()) {
+            const Slot& slot = slots_[i];
+            if (slot.entry == vacant) {
+                return nullptr;
+            }
+            if (slot.hash == key.hash && accept(entries_[slot.entry])) {
+                return &entries_[slot.entry];
+            }
+        }
+    }
+    [[nodiscard]] const Entry* findLikely(const TypeIdKey& key) const noexcept {
+        return findEntry(key, [](const Entry& /*entry*/) { return true; });
+    }
 
     void reserveMore(std::size_t count) {
         if (longTypeIds_.isWasteful(size())) {
