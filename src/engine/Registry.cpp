@@ -60,19 +60,16 @@ void Registry::takeFinished(Registry& other) noexcept {
 }
 
 void Registry::tidyUp() {
+    // Only dropping what is pending wastes texts, and the next addition sees it: nothing is pending here.
     if (!texts_.isWasteful(places_.size())) {
         return;
     }
     TextArena texts;
     texts.reserve(texts_.usedSize());
-    const auto keep = [&](auto& items) {
-        for (auto& item : items) {
+    AllKinds::forEach([&](auto kind) {
+        for (auto& item : store<decltype(kind)>().finished) {
             item.text = texts.add(item.text);
         }
-    };
-    AllKinds::forEach([&](auto kind) {
-        keep(store<decltype(kind)>().finished);
-        keep(store<decltype(kind)>().pending);
     });
     texts_ = std::move(texts);
 }

@@ -146,15 +146,20 @@ public:
         add<Kind>(store<Kind>().finished, key, {std::move(object), text});
     }
 
-    /// The typeid must be absent. The text is copied, and so are the texts of the body.
+    /// The typeid must be absent. The text is copied, and so are the texts of the body that are no parts of it.
     template <class Kind> void addPending(const TypeIdKey& key, typename Kind::Body body, std::string_view text) {
         tidyUp();
         std::size_t size = 0;
-        Kind::visitTexts(body, [&](std::string_view part) { size += part.size(); });
+        Kind::visitTexts(body, [&](std::string_view part) { size += isPartOf(part, text) ? 0 : part.size(); });
         pendingTexts_.reserve(size);
         auto& schemas = store<Kind>().pending;
         add<Kind>(schemas, key, {std::move(body), text, places_.size()});
-        Kind::visitTexts(*schemas.back().body, [&](std::string_view& part) { part = pendingTexts_.add(part); });
+        PendingSchema<typename Kind::Body>& schema = schemas.back();
+        Kind::visitTexts(*schema.body, [&](std::string_view& part) {
+            part = isPartOf(part, text)
+                       ? std::string_view(schema.text.data() + (part.data() - text.data()), part.size())
+                       : pendingTexts_.add(part);
+        });
     }
 
     /// Keeps what has been made of the next pending schema of its kind. There must be room.
@@ -219,7 +224,7 @@ private:
 
     /// The texts of all items.
     TextArena texts_;
-    /// What pending schemas have read.
+    /// What pending schemas have read and is no part of their texts.
     TextArena pendingTexts_;
     ItemPlaces places_;
     decltype(storesOf(AllKinds{})) stores_;

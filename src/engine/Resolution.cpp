@@ -63,19 +63,31 @@ private:
     UnitFinder unitFinder_;
 };
 
-/// Has fetched, step by step, what the schemas refer to that come some time after the one at a position.
+/// Has fetched, step by step, what is needed for the schemas that come some time after the one at a position.
 template <class Kind>
-void prefetchReferences(const Registry& registry, std::vector<PendingSchema<typename Kind::Body>>& schemas,
-                        std::size_t position) {
+void prefetchAhead(const Registry& registry, UnitFinder& units,
+                   std::vector<PendingSchema<typename Kind::Body>>& schemas, std::size_t position) {
     constexpr std::size_t stepSize = 3;
     const auto visitAhead = [&](std::size_t steps, const auto& visit) {
         if (const std::size_t ahead = position + steps * stepSize; ahead < schemas.size()) {
-            Kind::dependenciesOfSchema(*schemas[ahead].body, visit);
+            visit(schemas[ahead]);
         }
     };
-    visitAhead(3, [&](const TypeIdKey& typeId) { registry.prefetchIndex(typeId); });
-    visitAhead(2, [&](const TypeIdKey& typeId) { registry.prefetchEntry(typeId); });
-    visitAhead(1, [&](const TypeIdKey& typeId) { registry.prefetchItem(typeId); });
+    visitAhead(4, [](auto& schema) {
+        prefetch(&*schema.body, sizeof(*schema.body));
+        prefetch(schema.text);
+    });
+    visitAhead(3, [&](auto& schema) {
+        Kind::dependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { registry.prefetchIndex(typeId); });
+        Kind::unitDependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { units.prefetchIndex(typeId); });
+    });
+    visitAhead(2, [&](auto& schema) {
+        Kind::dependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { registry.prefetchEntry(typeId); });
+        Kind::unitDependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { units.prefetchEntry(typeId); });
+    });
+    visitAhead(1, [&](auto& schema) {
+        Kind::dependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { registry.prefetchItem(typeId); });
+    });
 }
 
 /// Makes the objects of one kind, of which none depends on another.
@@ -84,7 +96,8 @@ template <class Kind> void stagePending(Registry& registry, ResolutionScope& sco
     items.staged.reserve(items.pending.size());
     const auto typeIdOfSchema = [&](const auto& schema) { return registry.typeIdAt(schema.entry); };
     forEachUntilFault(items.pending, typeIdOfSchema, [&](auto& schema) {
-        prefetchReferences<Kind>(registry, items.pending, static_cast<std::size_t>(&schema - items.pending.data()));
+        prefetchAhead<Kind>(registry, scope.unitFinder(), items.pending,
+                            static_cast<std::size_t>(&schema - items.pending.data()));
         registry.stage<Kind>(schema, Kind::resolve(typeIdOfSchema(schema), schema.body.take(), scope));
     });
 }

@@ -1,5 +1,7 @@
 #include "schema/JSON.h"
 
+#include "schema/Prefetch.h"
+
 #include <rapidjson/document.h>
 #include <rapidjson/reader.h>
 
@@ -39,36 +41,83 @@ using Document = rapidjson::GenericDocument<Encoding, Pool, ThrowingAllocator>;
 using Value = rapidjson::GenericValue<Encoding, Pool>;
 using Reader = rapidjson::GenericReader<Encoding, Encoding, ThrowingAllocator>;
 
-/// Characters that a string is looked at together.
-using Word = std::uint64_t;
+bool isPlain(char character) noexcept {
+    return static_cast<unsigned char>(character) >= ' ' && character != '"' && character != '\\';
+}
 
-/// Skips words of characters that stand for themselves in a string. There must be a NUL and then a word less one
-/// character behind the string.
-char* skipPlain(char* text) noexcept {
+/// Skips characters that stand for themselves in a string. At the end of the text there must be a NUL.
+const char* skipPlain(const char* next, const char* end) noexcept {
+    using Word = std::uint64_t;
     constexpr Word ones = 0x0101010101010101;
     constexpr Word highBits = 0x80 * ones;
     // Not zero if one of the characters is below the bound.
     const auto below = [](Word word, Word bound) { return (word - ones * bound) & ~word & highBits; };
-    for (;; text += sizeof(Word)) {
+    for (; end - next >= static_cast<std::ptrdiff_t>(sizeof(Word)); next += sizeof(Word)) {
         Word word;
-        std::memcpy(&word, text, sizeof(word));
+        std::memcpy(&word, next, sizeof(word));
         if ((below(word, ' ') | below(word ^ (ones * '"'), 1) | below(word ^ (ones * '\\'), 1)) != 0) {
-            return text;
+            break;
         }
     }
+    while (isPlain(*next)) {
+        ++next;
+    }
+    return next;
 }
 
-/// A text that is parsed in place, in which strings are skipped in large steps.
-struct InPlaceStream : rapidjson::GenericInsituStringStream<Encoding> {
-    using GenericInsituStringStream::GenericInsituStringStream;
+/// What streams of one text share. RapidJSON copies the stream for each token, so what is not needed there is here.
+struct StreamState {
+    const char* begin;
+    const char* end;
+    Pool* pool;
+    /// Where decoded characters go, from the first string with an escape on.
+    char* decoded = nullptr;
+    bool isDecoding = false;
+};
 
-    /// Called at the beginning of each string. The parser goes on character by character from where this stops.
-    char* PutBegin() noexcept {
-        char* begin = src_;
-        src_ = skipPlain(begin);
-        dst_ = src_;
-        return begin;
+/// A text whose strings the parser takes as they stand there, but for those with escapes, which are decoded elsewhere.
+/// To the parser it looks like a text that is decoded in place.
+class TextStream {
+public:
+    using Ch = char;
+
+    explicit TextStream(StreamState& state) : next_(state.begin), state_(&state) {}
+
+    [[nodiscard]] char Peek() const noexcept { return *next_; }
+    char Take() noexcept { return *next_++; }
+    [[nodiscard]] std::size_t Tell() const noexcept { return static_cast<std::size_t>(next_ - state_->begin); }
+
+    /// Called at the beginning of a string: where it will stand.
+    char* PutBegin() {
+        const char* const string = next_;
+        next_ = skipPlain(next_, state_->end);
+        state_->isDecoding = *next_ == '\\';
+        if (!state_->isDecoding) {
+            // What there is of the string must not be written to, and is not.
+            return const_cast<char*>(string); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+        }
+        if (state_->decoded == nullptr) {
+            // Decoding makes strings shorter, so there is room for all of them.
+            state_->decoded = static_cast<char*>(state_->pool->Malloc(static_cast<std::size_t>(state_->end - string)));
+        }
+        char* const target = state_->decoded;
+        state_->decoded = std::copy(string, next_, target);
+        return target;
     }
+    /// Called with each character that is not yet where the string will stand, and with a NUL at its end.
+    void Put(char character) noexcept {
+        if (state_->isDecoding) {
+            *state_->decoded++ = character;
+        }
+    }
+    /// The size of the string with a NUL or quote behind it.
+    std::size_t PutEnd(const char* string) const noexcept {
+        return static_cast<std::size_t>((state_->isDecoding ? state_->decoded : next_) - string);
+    }
+
+private:
+    const char* next_;
+    StreamState* state_;
 };
 
 /// Hands the parser's events to the document, and stops the parser where they nest too deep or a number is too big.
@@ -142,7 +191,8 @@ const char* messageFor(rapidjson::ParseErrorCode code) {
 
 } // namespace
 
-template <> struct rapidjson::StreamTraits<InPlaceStream> : StreamTraits<GenericInsituStringStream<Encoding>> {};
+/// The parser may keep its place in a local copy.
+template <> struct rapidjson::StreamTraits<TextStream> { static constexpr int copyOptimization = 1; };
 
 struct JSON::Tree {
     explicit Tree(Scratch* scratch)
@@ -194,8 +244,8 @@ struct JSON::Access {
     }
 
     static std::string_view text(const Value& value) {
-        // The parser ends every string with a NUL, and one inside it ends it early.
-        return {value.GetString()};
+        const std::string_view whole(value.GetString(), value.GetStringLength());
+        return whole.substr(0, whole.find('\0'));
     }
 };
 
@@ -207,13 +257,12 @@ JSON::JSON(const void* viewed, const ExceptionFactory* exceptionFactory) noexcep
     : viewed_(viewed), exceptionFactory_(exceptionFactory) {}
 
 JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& text, Scratch* scratch) {
+    Parameters::prefetch(text);
     JSON json(Tree::create(scratch), &exceptionFactory);
-    // Parsed in place: the strings of the tree are parts of the copy.
-    char* copy = static_cast<char*>(json.tree_->pool.Malloc(text.size() + sizeof(Word)));
-    std::fill_n(std::copy(text.begin(), text.end(), copy), sizeof(Word), '\0');
     rapidjson::ParseResult result;
     auto generate = [&](Document& document) {
-        InPlaceStream stream(copy);
+        StreamState state{text.c_str(), text.c_str() + text.size(), &json.tree_->pool};
+        TextStream stream(state);
         BoundedHandler handler(document);
         result = Reader().Parse<rapidjson::kParseDefaultFlags | rapidjson::kParseInsituFlag>(stream, handler);
         if (handler.metTooBigNumber()) {

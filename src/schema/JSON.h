@@ -13,9 +13,9 @@
 
 /// Handle on a JSON value that was read; JSONWriter writes texts.
 ///
-/// A handle that parse() made owns the tree. A view looks into the tree of another handle, which must outlive it. Tests
-/// are defined on every value, a moved-from handle included, which counts as null. Reads are for values that passed the
-/// matching test.
+/// A handle that parse() made owns the tree, but not the text, where most of the strings stand. A view looks into the
+/// tree of another handle, which must outlive it. Tests are defined on every value, a moved-from handle included, which
+/// counts as null. Reads are for values that passed the matching test.
 class JSON {
 public:
     /// Memory for one small tree, to be put on the stack by operations that are done with the tree when they return.
@@ -26,7 +26,7 @@ public:
 
     /// Parses text up to its first NUL. Errors are raised through the factory as "JSON parsing error at offset
     /// {offset}: {message}"; a nesting deeper than maximumDepth and a number beyond the range of double are among them.
-    /// The factory and the scratch, if there is one, must outlive the tree.
+    /// The factory, the text and the scratch, if there is one, must outlive the tree.
     [[nodiscard]] static JSON parse(const ExceptionFactory& exceptionFactory, const std::string& text,
                                     Scratch* scratch = nullptr);
 
@@ -60,7 +60,7 @@ public:
     [[nodiscard]] std::int64_t getInt64() const;
     /// The characters up to the first NUL.
     [[nodiscard]] std::string getString() const;
-    /// The same without a copy; valid as long as the tree.
+    /// The same without a copy: a part of the text where it has no escapes, and valid as long as tree and text.
     [[nodiscard]] std::string_view getStringView() const;
     /// Number of members of an object or of elements of an array.
     [[nodiscard]] std::uint32_t getSize() const;

@@ -22,7 +22,7 @@ inline void prefetch(const void* begin, std::size_t size) noexcept {
 
 /// Of a long text the beginning: the processor sees by itself how it goes on.
 inline void prefetch(std::string_view text) noexcept {
-    constexpr std::size_t beginning = 256;
+    constexpr std::size_t beginning = 1024;
     prefetch(text.data(), std::min(text.size(), beginning));
 }
 

@@ -38,7 +38,7 @@ private:
     std::vector<SchemaMember> members_;
 };
 
-/// The parsed frame of a schema document. Ids and views are valid as long as the root, which owns the text behind them.
+/// The parsed frame of a schema document. Ids and views are valid as long as the root and the text that it was made of.
 struct SchemaDocument {
     std::string typeId;
     /// Empty in an enumeration document, which has no base.
@@ -58,7 +58,8 @@ struct SchemaDocument {
     [[noreturn]] void raise(const std::string& message) const { root.raise(message); }
 };
 
-/// Parses a text and checks the frame. All errors of it, and of the readers below, are raised through the factory.
+/// Parses a text, which must outlive the document, and checks the frame. All errors of it, and of the readers below,
+/// are raised through the factory.
 [[nodiscard]] SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
                                                 JSON::Scratch* scratch = nullptr);
 /// The same of a text that has been parsed.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -18,6 +19,13 @@ inline std::string joined(std::initializer_list<std::string_view> parts) {
         text += part;
     }
     return text;
+}
+
+/// Whether a view is one of characters of the text.
+inline bool isPartOf(std::string_view view, std::string_view text) noexcept {
+    // Other than the operator this orders all pointers.
+    const std::less_equal<> isNotBehind;
+    return isNotBehind(text.data(), view.data()) && isNotBehind(view.data() + view.size(), text.data() + text.size());
 }
 
 } // namespace Parameters

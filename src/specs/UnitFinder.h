@@ -28,6 +28,11 @@ public:
         return &unit->second;
     }
 
+    // What find() waits for, where the unit is known, to be fetched before. The second reads what the first fetches.
+
+    void prefetchIndex(const TypeIdKey& key) const noexcept { found_.prefetchIndex(key); }
+    void prefetchEntry(const TypeIdKey& key) const noexcept { found_.prefetchEntry(key); }
+
 private:
     const Units::UnitsEngine& engine_;
     TypeIdMap<Units::Unit> found_;

@@ -7,15 +7,19 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace Parameters {
 namespace {
 
+const ValidationExceptionFactory exceptionFactory;
+
 /// What is read as a string, or what is wrong with it.
 std::string read(const std::string& text) {
-    static const ValidationExceptionFactory exceptionFactory;
     try {
         return JSON::parse(exceptionFactory, text).getString();
     } catch (const ValidationException& exception) {
@@ -42,6 +46,21 @@ TEST(JSON, ReadsStringsOfAllLengths) {
             }
         }
     }
+}
+
+// What has escapes is decoded beside the text, which stays as it is.
+TEST(JSON, DecodesStringsWithEscapes) {
+    constexpr std::string_view source =
+        R"(["\"\\\/\b\f\n\r\t","plain","\u0041\u00e9\u20AC\uD83D\uDE00","","end\\","a\u0000b","\\",{"\u0069d":"\\"}])";
+    const std::string text(source);
+    const JSON array = JSON::parse(exceptionFactory, text);
+    const std::string strings[] = {
+        "\"\\/\b\f\n\r\t", "plain", "A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80", "", "end\\", "a", "\\"};
+    for (std::uint32_t i = 0; i < std::size(strings); ++i) {
+        EXPECT_EQ(array.getElement(i).getString(), strings[i]);
+    }
+    EXPECT_EQ(array.getElement(std::size(strings)).getMember("id").getString(), "\\");
+    EXPECT_EQ(text, source);
 }
 
 } // namespace
