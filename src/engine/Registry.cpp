@@ -1,6 +1,7 @@
 #include "engine/Registry.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace Parameters {
 
@@ -64,6 +65,7 @@ void Registry::tidyUp() {
     if (!texts_.isWasteful(places_.size())) {
         return;
     }
+    assert(!AllKinds::any([&](auto kind) { return !store<decltype(kind)>().pending.empty(); }));
     TextArena texts;
     texts.reserve(texts_.usedSize());
     AllKinds::forEach([&](auto kind) {

@@ -63,7 +63,7 @@ private:
     UnitFinder unitFinder_;
 };
 
-/// Has fetched, step by step, what is needed for the schemas that come some time after the one at a position.
+/// Has the processor fetch, step by step, what is needed for the schemas some places behind a position.
 template <class Kind>
 void prefetchAhead(const Registry& registry, UnitFinder& units,
                    std::vector<PendingSchema<typename Kind::Body>>& schemas, std::size_t position) {

@@ -27,7 +27,7 @@ struct ItemPlace {
     std::uint8_t kind;
     bool isPending;
     std::uint32_t position;
-    /// The data of the object, which may be fetched before the item is; null of a pending schema.
+    /// The data of the object, which may be fetched before the item is; null of a schema until it is staged.
     const void* data;
 };
 
@@ -46,7 +46,8 @@ template <class Object> struct ObjectStore {
         return place != nullptr && place->kind == kind ? at(*place) : nullptr;
     }
 
-    /// The item at a place of this kind, or null of a schema that is still pending.
+    /// The item at a place of this kind, or null of a schema that is not staged yet. Once one of the kind has turned
+    /// out faulty, places of pending schemas are no longer right, and nothing is looked up.
     [[nodiscard]] const FinishedItem<Object>* at(const ItemPlace& place) const noexcept {
         const auto& items = place.isPending ? staged : finished;
         return place.position < items.size() ? &items[place.position] : nullptr;

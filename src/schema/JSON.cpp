@@ -94,7 +94,7 @@ public:
         state_->isDecoding = *next_ == '\\';
         if (!state_->isDecoding) {
             // What there is of the string must not be written to, and is not.
-            return const_cast<char*>(string); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+            return const_cast<char*>(string);
         }
         if (state_->decoded == nullptr) {
             // Decoding makes strings shorter, so there is room for all of them.

@@ -29,6 +29,8 @@ public:
     /// The factory, the text and the scratch, if there is one, must outlive the tree.
     [[nodiscard]] static JSON parse(const ExceptionFactory& exceptionFactory, const std::string& text,
                                     Scratch* scratch = nullptr);
+    static JSON parse(const ExceptionFactory& exceptionFactory, std::string&& text,
+                      Scratch* scratch = nullptr) = delete;
 
     /// Deepest nesting of objects and arrays that parse() accepts: the parser recurses once for each level.
     static constexpr unsigned maximumDepth = 512;
