@@ -49,12 +49,8 @@ bool storePending(EngineImpl& engine, const SchemaDocument& document, const Type
 bool takeSchema(EngineImpl& engine, const std::string& schemaText, MissingTypeIds* missing) {
     static const ValidationExceptionFactory exceptionFactory;
     JSON::Scratch scratch;
-    JSON root = JSON::parse(exceptionFactory, schemaText, &scratch);
-    const JSON typeId = root.getMember(Frame::typeId);
-    const TypeIdKey key(typeId.isString() ? typeId.getStringView() : std::string_view());
-    // The index has it ready by the time that the frame has been read.
-    engine.primary.prefetchIndex(key);
-    const SchemaDocument document = readSchemaDocument(std::move(root));
+    const SchemaDocument document = readSchemaDocument(exceptionFactory, schemaText, &scratch);
+    const TypeIdKey key(document.typeId);
     engine.requireUnregistered(document.typeId, key);
     return IntakeOrder::any(
         [&](auto kind) { return storePending<decltype(kind)>(engine, document, key, schemaText, missing); });

@@ -149,10 +149,7 @@ std::vector<const SchemaMember*> SchemaMembers::sorted() const {
 
 SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
                                   JSON::Scratch* scratch) {
-    return readSchemaDocument(JSON::parse(exceptionFactory, text, scratch));
-}
-
-SchemaDocument readSchemaDocument(JSON root) {
+    JSON root = JSON::parse(exceptionFactory, text, scratch);
     const JSON typeId = root.getMember(Frame::typeId);
     if (!typeId.isString()) {
         root.raise("Schema must specify a typeid string.");

@@ -62,8 +62,6 @@ struct SchemaDocument {
 /// are raised through the factory.
 [[nodiscard]] SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
                                                 JSON::Scratch* scratch = nullptr);
-/// The same of a text that has been parsed.
-[[nodiscard]] SchemaDocument readSchemaDocument(JSON root);
 
 /// What to do with the member of one key.
 template <class Handle> struct MemberHandler {
