@@ -30,9 +30,8 @@ bool isDefaultTaxon(const ParametersEngine& engine, const std::string& typeId) {
 /// Whether a range excludes nothing. No constant is written for it, so that its parameter reads back without a range.
 struct LimitsNothing {
     template <class Range> bool operator()(const Range& /*range*/) const { return false; }
-    template <class Number> bool operator()(const NumericRange<Number>& range) const {
-        return !range.isBoundFromBottom() && !range.isBoundFromTop();
-    }
+    bool operator()(const FloatRange& range) const { return !range.isBoundFromBottom() && !range.isBoundFromTop(); }
+    bool operator()(const IntRange& range) const { return !range.isBoundFromBottom() && !range.isBoundFromTop(); }
     bool operator()(const StringRange& range) const {
         return !range.getRegexStringRangeComponent() && !range.getSetStringRangeComponent();
     }

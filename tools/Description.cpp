@@ -72,7 +72,7 @@ public:
         return lines;
     }
 
-    template <class Number> [[nodiscard]] std::vector<Tree> operator()(const NumericRange<Number>& range) const {
+    template <class NumericRange> [[nodiscard]] std::vector<Tree> operator()(const NumericRange& range) const {
         std::vector<Tree> lines;
         if (range.isBoundFromBottom()) {
             lines.push_back(line("from", fmt::format("{}", range.getBottomBoundary())));

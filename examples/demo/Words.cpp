@@ -44,7 +44,7 @@ struct RangeWords {
         return "one of " + listed(enumeration.getValues(), [](const auto& value) { return value.first; }) + " (" +
                enumeration.getTypeId() + ")";
     }
-    template <class Number> std::string operator()(const NumericRange<Number>& range) const {
+    template <class NumericRange> std::string operator()(const NumericRange& range) const {
         std::ostringstream words;
         words << (range.isBoundFromBottom() || range.isBoundFromTop() ? "" : "any number ");
         if (range.isBoundFromBottom()) {

@@ -15,8 +15,11 @@ namespace Parameters {
 /// What makes a category a subcategory: its parent.
 class PARAMETERS_EXPORT SubCategoryComponent {
 public:
+    /// Implicit, so that a typeid alone makes a subcategory.
+    ///
     /// @param parentCategory  typeid of the parent, which must be a major category.
-    explicit SubCategoryComponent(const std::string& parentCategory);
+    // NOLINTNEXTLINE(google-explicit-constructor)
+    SubCategoryComponent(const std::string& parentCategory);
     SubCategoryComponent(const SubCategoryComponent&) = default;
     SubCategoryComponent(SubCategoryComponent&&) noexcept = default;
     SubCategoryComponent& operator=(const SubCategoryComponent&) = default;

@@ -37,8 +37,11 @@ enum class Context : std::int32_t {
 /// A value type that accepts anything derived from one base.
 class PARAMETERS_EXPORT AnyOf {
 public:
+    /// Implicit, so that a typeid alone is accepted.
+    ///
     /// @param baseTypeId  any typeid: it need not be known to an engine.
-    explicit AnyOf(const std::string& baseTypeId);
+    // NOLINTNEXTLINE(google-explicit-constructor)
+    AnyOf(const std::string& baseTypeId);
     AnyOf(const AnyOf&) = default;
     AnyOf(AnyOf&&) noexcept = default;
     AnyOf& operator=(const AnyOf&) = default;
@@ -55,8 +58,11 @@ private:
 /// A value type that accepts one of a list of types.
 class PARAMETERS_EXPORT OneOf {
 public:
+    /// Implicit, so that a list of typeids alone is accepted.
+    ///
     /// @param typeIds  any typeids, kept in this order; registration refuses an empty list.
-    explicit OneOf(const std::vector<std::string>& typeIds);
+    // NOLINTNEXTLINE(google-explicit-constructor)
+    OneOf(const std::vector<std::string>& typeIds);
     OneOf(const OneOf&) = default;
     OneOf(OneOf&&) noexcept = default;
     OneOf& operator=(const OneOf&) = default;

@@ -14,8 +14,10 @@ namespace Parameters {
 /// Limits strings to those that match a regular expression. The library hands the expression out and never applies it.
 class PARAMETERS_EXPORT RegexStringRangeComponent {
 public:
-    /// Stores the expression as given: it is not checked, and may be empty.
-    explicit RegexStringRangeComponent(const std::string& regex);
+    /// Stores the expression as given: it is not checked, and may be empty. Implicit, so that an expression alone makes
+    /// a range.
+    // NOLINTNEXTLINE(google-explicit-constructor)
+    RegexStringRangeComponent(const std::string& regex);
     ~RegexStringRangeComponent();
     RegexStringRangeComponent(const RegexStringRangeComponent&) = default;
     RegexStringRangeComponent(RegexStringRangeComponent&&) noexcept = default;
@@ -33,10 +35,9 @@ private:
 /// Limits strings to a set.
 class PARAMETERS_EXPORT SetStringRangeComponent {
 public:
-    /// Stores the values as given; registration refuses repeated ones.
-    explicit SetStringRangeComponent(const std::vector<std::string>& allowedValues);
-    /// An empty set.
-    SetStringRangeComponent();
+    /// Stores the values as given; registration refuses repeated ones. Implicit, so that values alone make a range.
+    // NOLINTNEXTLINE(google-explicit-constructor)
+    SetStringRangeComponent(const std::vector<std::string>& allowedValues = {});
     ~SetStringRangeComponent();
     SetStringRangeComponent(const SetStringRangeComponent&) = default;
     SetStringRangeComponent(SetStringRangeComponent&&) noexcept = default;

@@ -16,7 +16,7 @@ bool copyUnitsItem(const std::string& typeId, Units::UnitsEngine& units, const U
     if (units.isRegistered(typeId) || !source.isRegistered(typeId)) {
         return false;
     }
-    units.copyItem(typeId, source);
+    withUnitsValidation([&] { askUnits(typeId, [&] { units.copyItem(typeId, source); }); });
     return true;
 }
 

@@ -73,31 +73,31 @@ struct EnumerationKind : KindDefaults {
     template <class Scope> static Object validated(const Object& enumeration, const Scope& /*scope*/) {
         return validatedEnumeration(enumeration);
     }
-    static void write(const Object& enumeration, JSONWriter& target, DataModelVersion version) {
+    static void write(const Object& enumeration, JSON::Writer& target, DataModelVersion version) {
         writeEnumerationSchema(enumeration, target, version);
     }
 };
 
 /// Float and int ranges differ in their number type and their word.
-template <class Number> struct NumericRangeKind : KindDefaults {
-    using Object = NumericRange<Number>;
-    using Body = NumericRangeSchema<Number>;
+template <class Range> struct NumericRangeKind : KindDefaults {
+    using Object = Range;
+    using Body = NumericRangeSchema<Range>;
 
-    static std::optional<Body> read(const SchemaDocument& document) { return readNumericRangeSchema<Number>(document); }
+    static std::optional<Body> read(const SchemaDocument& document) { return readNumericRangeSchema<Range>(document); }
     template <class Scope> static Object resolve(std::string_view typeId, const Body& body, const Scope& /*scope*/) {
         return resolveNumericRange(typeId, body);
     }
     /// Any range is valid.
     template <class Scope> static Object validated(const Object& range, const Scope& /*scope*/) { return range; }
-    static void write(const Object& range, JSONWriter& target, DataModelVersion version) {
+    static void write(const Object& range, JSON::Writer& target, DataModelVersion version) {
         writeNumericRangeSchema(range, target, version);
     }
 };
 
-struct FloatRangeKind : NumericRangeKind<double> {
+struct FloatRangeKind : NumericRangeKind<FloatRange> {
     static constexpr std::string_view name = KindNames::floatRange;
 };
-struct IntRangeKind : NumericRangeKind<std::int64_t> {
+struct IntRangeKind : NumericRangeKind<IntRange> {
     static constexpr std::string_view name = KindNames::intRange;
 };
 
@@ -113,7 +113,7 @@ struct StringRangeKind : KindDefaults {
     template <class Scope> static Object validated(const Object& range, const Scope& /*scope*/) {
         return validatedStringRange(range);
     }
-    static void write(const Object& range, JSONWriter& target, DataModelVersion version) {
+    static void write(const Object& range, JSON::Writer& target, DataModelVersion version) {
         writeStringRangeSchema(range, target, version);
     }
 };
@@ -133,7 +133,7 @@ template <const BaseSchemas& family> struct TaxonKind : KindDefaults {
     template <class Scope> static Object validated(const Object& taxon, const Scope& /*scope*/) {
         return validatedTaxon(taxon);
     }
-    static void write(const Object& taxon, JSONWriter& target, DataModelVersion version) {
+    static void write(const Object& taxon, JSON::Writer& target, DataModelVersion version) {
         writeTaxonSchema(family, taxon, target, version);
     }
 };
@@ -172,7 +172,7 @@ struct CategoryKind : KindDefaults {
         return validatedCategory(category, scope.template stores<DisciplineKind>(), scope.template stores<DomainKind>(),
                                  scope.template stores<CategoryKind>());
     }
-    static void write(const Object& category, JSONWriter& target, DataModelVersion version) {
+    static void write(const Object& category, JSON::Writer& target, DataModelVersion version) {
         writeCategorySchema(category, target, version);
     }
 };
@@ -202,7 +202,7 @@ struct SpecKind : KindDefaults {
     template <class Scope> static Object validated(const Object& spec, const Scope& scope) {
         return validatedSpec(spec, scope.template stores<DisciplineKind>(), scope.units());
     }
-    static void write(const Object& spec, JSONWriter& target, DataModelVersion version) {
+    static void write(const Object& spec, JSON::Writer& target, DataModelVersion version) {
         writeSpecSchema(spec, target, version);
     }
     static Conversion conversionOf(const Object& spec) { return conversionOfSpecKind(spec); }
@@ -230,7 +230,7 @@ struct ParameterKind : KindDefaults {
     template <class Scope> static Object validated(const Object& parameter, const Scope& scope) {
         return validatedParameter(parameter, storesOf(scope));
     }
-    static void write(const Object& parameter, JSONWriter& target, DataModelVersion version) {
+    static void write(const Object& parameter, JSON::Writer& target, DataModelVersion version) {
         writeParameterSchema(parameter, target, version);
     }
     static void prefetch(const Object& parameter) { prefetchForWriting(parameter); }

@@ -80,9 +80,6 @@ public:
             const auto& items = store<decltype(kind)>();
             prefetch(items.at(*place), sizeof(*items.at(*place)));
         });
-        // The number of references to the data stands before it.
-        constexpr std::size_t countSize = 16;
-        prefetch(static_cast<const char*>(place->data) - countSize, countSize);
     }
 
     template <class Kind> [[nodiscard]] KindStore<Kind>& store() noexcept { return std::get<KindStore<Kind>>(stores_); }

@@ -3,6 +3,8 @@
 #include <exception>
 #include <string>
 
+namespace Parameters {
+
 /// Words an error of the JSON layer in the exception type of whoever had the text parsed.
 class ExceptionFactory {
 public:
@@ -11,3 +13,7 @@ public:
     /// Returns an exception that carries the message. It does not throw; the caller rethrows what it receives.
     [[nodiscard]] virtual std::exception_ptr createException(const std::string& message) const = 0;
 };
+
+} // namespace Parameters
+
+using Parameters::ExceptionFactory;

@@ -1,16 +1,15 @@
 #include "schema/JSON.h"
 
 #include "schema/Prefetch.h"
-
-#include <rapidjson/document.h>
-#include <rapidjson/reader.h>
+#include "schema/RapidJSON.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstring>
 #include <new>
 #include <utility>
+
+namespace Parameters {
 
 namespace {
 
@@ -120,7 +119,7 @@ private:
     StreamState* state_;
 };
 
-/// Hands the parser's events to the document, and stops the parser where they nest too deep or a number is too big.
+/// Hands the parser's events to the document, and stops the parser where they nest too deep.
 class BoundedHandler {
 public:
     explicit BoundedHandler(Document& document) : document_(document) {}
@@ -131,11 +130,7 @@ public:
     bool Uint(unsigned value) { return document_.Uint(value); }
     bool Int64(std::int64_t value) { return document_.Int64(value); }
     bool Uint64(std::uint64_t value) { return document_.Uint64(value); }
-    bool Double(double value) {
-        // RapidJSON looks at the exponent alone, so that 10e308 arrives here as infinity.
-        metTooBigNumber_ = !std::isfinite(value);
-        return !metTooBigNumber_ && document_.Double(value);
-    }
+    bool Double(double value) { return document_.Double(value); }
     bool RawNumber(const char* text, rapidjson::SizeType size, bool copy) {
         return document_.RawNumber(text, size, copy);
     }
@@ -152,12 +147,9 @@ public:
         return document_.EndArray(size);
     }
 
-    [[nodiscard]] bool metTooBigNumber() const noexcept { return metTooBigNumber_; }
-
 private:
     Document& document_;
     unsigned depth_ = 0;
-    bool metTooBigNumber_ = false;
 };
 
 /// Messages by RapidJSON's error code, from 1 on.
@@ -257,7 +249,7 @@ JSON::JSON(const void* viewed, const ExceptionFactory* exceptionFactory) noexcep
     : viewed_(viewed), exceptionFactory_(exceptionFactory) {}
 
 JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& text, Scratch* scratch) {
-    Parameters::prefetch(text);
+    prefetch(text);
     JSON json(Tree::create(scratch), &exceptionFactory);
     rapidjson::ParseResult result;
     auto generate = [&](Document& document) {
@@ -265,9 +257,6 @@ JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& te
         TextStream stream(state);
         BoundedHandler handler(document);
         result = Reader().Parse<rapidjson::kParseDefaultFlags | rapidjson::kParseInsituFlag>(stream, handler);
-        if (handler.metTooBigNumber()) {
-            result.Set(rapidjson::kParseErrorNumberTooBig, result.Offset());
-        }
         return !result.IsError();
     };
     json.tree_->document.Populate(generate);
@@ -338,3 +327,5 @@ std::map<std::string_view, std::string_view> JSON::getStringMap() const {
 void JSON::raise(const std::string& message) const {
     std::rethrow_exception(exceptionFactory_->createException(message));
 }
+
+} // namespace Parameters

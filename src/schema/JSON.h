@@ -11,13 +11,17 @@
 #include <utility>
 #include <vector>
 
-/// Handle on a JSON value that was read; JSONWriter writes texts.
+namespace Parameters {
+
+/// Handle on a JSON value that was read. Its Writer, of JSONWriter.h, writes texts.
 ///
 /// A handle that parse() made owns the tree, but not the text, where most of the strings stand. A view looks into the
 /// tree of another handle, which must outlive it. Tests are defined on every value, a moved-from handle included, which
 /// counts as null. Reads are for values that passed the matching test.
 class JSON {
 public:
+    class Writer;
+
     /// Memory for one small tree, to be put on the stack by operations that are done with the tree when they return.
     struct Scratch {
         alignas(16) std::byte tree[320];
@@ -25,7 +29,7 @@ public:
     };
 
     /// Parses text up to its first NUL. Errors are raised through the factory as "JSON parsing error at offset
-    /// {offset}: {message}"; a nesting deeper than maximumDepth and a number beyond the range of double are among them.
+    /// {offset}: {message}"; a nesting deeper than maximumDepth is among them.
     /// The factory, the text and the scratch, if there is one, must outlive the tree.
     [[nodiscard]] static JSON parse(const ExceptionFactory& exceptionFactory, const std::string& text,
                                     Scratch* scratch = nullptr);
@@ -58,6 +62,7 @@ public:
     [[nodiscard]] bool isInt64() const noexcept;
 
     [[nodiscard]] bool getBool() const;
+    /// Infinite for some numbers beyond the range of double.
     [[nodiscard]] double getDouble() const;
     [[nodiscard]] std::int64_t getInt64() const;
     /// The characters up to the first NUL.
@@ -99,3 +104,7 @@ private:
     const ExceptionFactory* exceptionFactory_ = nullptr;
     std::unique_ptr<Tree, TreeDeleter> tree_;
 };
+
+} // namespace Parameters
+
+using Parameters::JSON;

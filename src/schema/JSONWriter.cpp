@@ -1,9 +1,11 @@
 #include "schema/JSONWriter.h"
 
-#include <rapidjson/writer.h>
+#include "schema/RapidJSON.h"
 
 #include <charconv>
 #include <utility>
+
+namespace Parameters {
 
 namespace {
 
@@ -65,25 +67,25 @@ bool copyPlain(const char* from, std::size_t size, char* to) noexcept {
 
 } // namespace
 
-std::string JSONWriter::toString() {
+std::string JSON::Writer::toString() {
     close('}');
     return {begin_, next_};
 }
 
-void JSONWriter::addValue(bool value) { addText(value ? std::string_view("true") : std::string_view("false")); }
+void JSON::Writer::addValue(bool value) { addText(value ? std::string_view("true") : std::string_view("false")); }
 
-void JSONWriter::addValue(double value) {
+void JSON::Writer::addValue(double value) {
     TextStream stream;
     rapidjson::Writer<TextStream>(stream).Double(value);
     addText(stream.text);
 }
 
-void JSONWriter::addValue(std::int64_t value) {
+void JSON::Writer::addValue(std::int64_t value) {
     char* next = makeRoom(numberSize);
     next_ = std::to_chars(next, next + numberSize, value).ptr;
 }
 
-void JSONWriter::addValue(std::string_view text) {
+void JSON::Writer::addValue(std::string_view text) {
     char* next = makeRoom(text.size() + 2);
     // Nearly all strings are written as they are.
     if (copyPlain(text.data(), text.size(), next + 1)) {
@@ -97,12 +99,12 @@ void JSONWriter::addValue(std::string_view text) {
     }
 }
 
-void JSONWriter::addText(std::string_view text) {
+void JSON::Writer::addText(std::string_view text) {
     std::memcpy(makeRoom(text.size()), text.data(), text.size());
     next_ += text.size();
 }
 
-void JSONWriter::grow(std::size_t size) {
+void JSON::Writer::grow(std::size_t size) {
     const auto used = static_cast<std::size_t>(next_ - begin_);
     const std::size_t larger = 2 * used + size;
     // Not initialized, unlike that of std::make_unique.
@@ -113,3 +115,5 @@ void JSONWriter::grow(std::size_t size) {
     next_ = begin_ + used;
     end_ = begin_ + larger;
 }
+
+} // namespace Parameters

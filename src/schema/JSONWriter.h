@@ -1,5 +1,7 @@
 #pragma once
 
+#include "schema/JSON.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -9,21 +11,23 @@
 #include <string_view>
 #include <type_traits>
 
+namespace Parameters {
+
 /// Writes the text of one document front to back: an object, whose members stand in the order in which they are added.
 /// The text is compact, without white space.
 ///
 /// Keys are written as they are, and must not need escapes.
-class JSONWriter {
+class JSON::Writer {
 public:
     /// A document without members yet.
-    [[nodiscard]] static JSONWriter createDocument() { return {}; }
+    [[nodiscard]] static Writer createDocument() { return {}; }
 
     // What points into itself stays where it is.
-    JSONWriter(const JSONWriter&) = delete;
-    JSONWriter(JSONWriter&&) = delete;
-    JSONWriter& operator=(const JSONWriter&) = delete;
-    JSONWriter& operator=(JSONWriter&&) = delete;
-    ~JSONWriter() = default;
+    Writer(const Writer&) = delete;
+    Writer(Writer&&) = delete;
+    Writer& operator=(const Writer&) = delete;
+    Writer& operator=(Writer&&) = delete;
+    ~Writer() = default;
 
     /// Adds a member to the object that is open: a Boolean, a 64-bit integer, a finite double or a string.
     template <class Value> void addMember(std::string_view key, const Value& value) {
@@ -60,7 +64,7 @@ public:
     [[nodiscard]] std::string toString();
 
 private:
-    JSONWriter() noexcept { open('{'); }
+    Writer() noexcept { open('{'); }
 
     void addSeparator() {
         char* next = makeRoom(1);
@@ -122,3 +126,5 @@ private:
     /// Whether nothing has been added yet to what is open.
     bool isFirst_ = true;
 };
+
+} // namespace Parameters

@@ -11,10 +11,11 @@ namespace Parameters {
 /// instead of one after the other.
 inline void prefetch(const void* begin, std::size_t size) noexcept {
     constexpr std::size_t cacheLine = 64;
-    const std::size_t before = reinterpret_cast<std::uintptr_t>(begin) % cacheLine;
-    const char* firstLine = static_cast<const char*>(begin) - before;
-    for (std::size_t offset = 0; offset < before + size; offset += cacheLine) {
-        __builtin_prefetch(firstLine + offset);
+    // As integers: a line may begin before the object, where no pointer into it may point.
+    const auto first = reinterpret_cast<std::uintptr_t>(begin);
+    for (std::uintptr_t line = first - first % cacheLine; line < first + size; line += cacheLine) {
+        // NOLINTNEXTLINE(performance-no-int-to-ptr)
+        __builtin_prefetch(reinterpret_cast<const void*>(line));
     }
     // Does nothing, but without it g++ takes functions that only fetch for useless, and drops their calls.
     asm volatile("");

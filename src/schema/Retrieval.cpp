@@ -15,7 +15,7 @@ std::string writtenText(const typename Kind::Object& object, const Conversion& c
     if (!conversion.representable.contains(version)) {
         raiseNotRepresentable();
     }
-    JSONWriter document = JSONWriter::createDocument();
+    JSON::Writer document = JSON::Writer::createDocument();
     if (version < conversion.natural.lowest) {
         document.addMember(Frame::downgradedFrom, versionText(conversion.natural.lowest));
     }

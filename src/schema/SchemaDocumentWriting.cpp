@@ -10,49 +10,49 @@ std::string_view typeNameIf(bool typed, std::string_view typeName) { return type
 
 } // namespace
 
-void addSchemaHeader(JSONWriter& target, std::string_view schemaType) {
+void addSchemaHeader(JSON::Writer& target, std::string_view schemaType) {
     target.addMember(Frame::schemaSpecification, Frame::specificationMarker);
     target.addMember(Frame::schemaType, schemaType);
 }
 
-void addTypeId(JSONWriter& target, std::string_view typeId) { target.addMember(Frame::typeId, typeId); }
+void addTypeId(JSON::Writer& target, std::string_view typeId) { target.addMember(Frame::typeId, typeId); }
 
-void addInherits(JSONWriter& target, std::string_view baseSchema) {
+void addInherits(JSON::Writer& target, std::string_view baseSchema) {
     target.addArray(Frame::inherits, [&] { target.addElement(baseSchema); });
 }
 
-void addFullFrame(JSONWriter& target, std::string_view typeId, std::string_view baseSchema) {
+void addFullFrame(JSON::Writer& target, std::string_view typeId, std::string_view baseSchema) {
     addSchemaHeader(target, Frame::componentType);
     addShortFrame(target, typeId, baseSchema);
     target.addMember(Frame::sealed, true);
 }
 
-void addShortFrame(JSONWriter& target, std::string_view typeId, std::string_view baseSchema) {
+void addShortFrame(JSON::Writer& target, std::string_view typeId, std::string_view baseSchema) {
     addTypeId(target, typeId);
     addInherits(target, baseSchema);
 }
 
-void createBoolMember(JSONWriter& target, std::string_view id, bool value, bool typed) {
+void createBoolMember(JSON::Writer& target, std::string_view id, bool value, bool typed) {
     createValueMember(target, id, value, typeNameIf(typed, PrimitiveTypeNames::boolean));
 }
 
-void createInt64Member(JSONWriter& target, std::string_view id, std::int64_t value, bool typed) {
+void createInt64Member(JSON::Writer& target, std::string_view id, std::int64_t value, bool typed) {
     createValueMember(target, id, value, typeNameIf(typed, PrimitiveTypeNames::integer));
 }
 
-void createStringMember(JSONWriter& target, std::string_view id, std::string_view text, bool typed) {
+void createStringMember(JSON::Writer& target, std::string_view id, std::string_view text, bool typed) {
     createValueMember(target, id, text, typeNameIf(typed, PrimitiveTypeNames::string));
 }
 
-void createNameMember(JSONWriter& target, std::string_view text, bool typed) {
+void createNameMember(JSON::Writer& target, std::string_view text, bool typed) {
     createStringMember(target, Frame::name, text, typed);
 }
 
-void createTypedValueMember(JSONWriter& target, std::string_view id, std::string_view typeId) {
+void createTypedValueMember(JSON::Writer& target, std::string_view id, std::string_view typeId) {
     createMember(target, id, [&] { target.addObject(Frame::typedValue, [&] { addTypeId(target, typeId); }); });
 }
 
-void createTypeIdObject(JSONWriter& target, std::string_view typeId) {
+void createTypeIdObject(JSON::Writer& target, std::string_view typeId) {
     target.createObject([&] { addTypeId(target, typeId); });
 }
 

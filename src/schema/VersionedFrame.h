@@ -16,7 +16,7 @@ namespace Parameters {
 
 /// Writes the frame for a format and a version, with the base schema that goes with it, and returns whether it is the
 /// full one.
-inline bool addVersionedFrame(JSONWriter& target, std::string_view typeId, const BaseSchemas& bases,
+inline bool addVersionedFrame(JSON::Writer& target, std::string_view typeId, const BaseSchemas& bases,
                               Units::SchemaFormat format, DataModelVersion version) {
     if (usesFullFrame(format, version)) {
         addFullFrame(target, typeId, bases.fullFrame);

@@ -27,7 +27,7 @@ namespace {
 
 using V = DataModelVersion;
 
-void addCommonParameterConstants(JSONWriter& target, const Parameter& parameter, DataModelVersion version) {
+void addCommonParameterConstants(JSON::Writer& target, const Parameter& parameter, DataModelVersion version) {
     const bool typed = usesFullFrame(parameter.getSchemaFormat(), version);
     createNameMember(target, parameter.getName(), typed);
     if (!parameter.getDescription().empty()) {
@@ -46,7 +46,7 @@ void addCommonParameterConstants(JSONWriter& target, const Parameter& parameter,
 }
 
 /// The property {"id":id,"typeid":typeId}, alone in its section.
-void addTypeIdProperty(JSONWriter& target, std::string_view id, std::string_view typeId) {
+void addTypeIdProperty(JSON::Writer& target, std::string_view id, std::string_view typeId) {
     addProperties(target, [&] { createMember(target, id, [&] { addTypeId(target, typeId); }); });
 }
 
@@ -80,20 +80,20 @@ struct CurrentFormOf {
 
 /// Creates the constant that limits the parameter, if there is one.
 struct LimitConstant {
-    JSONWriter& target;
+    JSON::Writer& target;
     DataModelVersion version;
 
     void operator()(std::monostate /*none*/) const {}
     void operator()(const Enumeration& /*enumeration*/) const {}
     void operator()(const Category& category) const { createTypedValueMember(target, "category", typeIdOf(category)); }
-    template <class Number> void operator()(const NumericRange<Number>& range) const {
+    template <class NumericRange> void operator()(const NumericRange& range) const {
         writeNumericRangeConstant(target, range, version);
     }
     void operator()(const StringRange& range) const { writeStringRangeConstant(target, range, version); }
 };
 
 /// For V2 and V3: the base schema says how the parameter is limited, a property names its spec.
-void writeCurrentParameterSchema(const Parameter& parameter, JSONWriter& target, DataModelVersion version) {
+void writeCurrentParameterSchema(const Parameter& parameter, JSON::Writer& target, DataModelVersion version) {
     const CurrentForm form = std::visit(CurrentFormOf{parameter}, parameter.getRange());
     addVersionedFrame(target, parameter.getTypeId(), form.bases, form.format, version);
     addConstants(target, [&] {
@@ -112,12 +112,12 @@ template <class Range> const Range& requiredRange(const Parameter& parameter) {
     return *range;
 }
 
-void createPlainSpecMember(JSONWriter& target, const Parameter& parameter) {
+void createPlainSpecMember(JSON::Writer& target, const Parameter& parameter) {
     createTypedValueMember(target, "spec", parameter.getSpec().getTypeId());
 }
 
 /// The member of an enumeration parameter, whose own "typeid" names the spec.
-void createGeneralSpecMember(JSONWriter& target, const Parameter& parameter) {
+void createGeneralSpecMember(JSON::Writer& target, const Parameter& parameter) {
     createMember(target, "spec", [&] {
         addTypeId(target, parameter.getSpec().getTypeId());
         target.addObject(Frame::value, [] {});
@@ -125,7 +125,7 @@ void createGeneralSpecMember(JSONWriter& target, const Parameter& parameter) {
 }
 
 /// A family type takes the category as an inline override.
-void createReferenceSpecMember(JSONWriter& target, const Parameter& parameter) {
+void createReferenceSpecMember(JSON::Writer& target, const Parameter& parameter) {
     const std::string& spec = parameter.getSpec().getTypeId();
     const auto& family = Vocabulary::familyTypeSpec;
     if (!containsPrefix(spec, family.prefix)) {
@@ -152,7 +152,7 @@ struct LegacyForm {
     std::string_view base;
     /// The spec that needs no constant.
     std::string_view defaultSpec;
-    void (*createSpecMember)(JSONWriter& target, const Parameter& parameter);
+    void (*createSpecMember)(JSON::Writer& target, const Parameter& parameter);
     /// Whether the document can hold the range.
     bool (*takesRange)(const ParameterRange& range);
 };
@@ -171,7 +171,7 @@ constexpr std::array<LegacyForm, 6> legacyForms = {{
 }};
 
 /// For V1: the base schema says the primitive type, constants name the spec and the range.
-void writeLegacyParameterSchema(const Parameter& parameter, JSONWriter& target, LegacyPrimitiveType type) {
+void writeLegacyParameterSchema(const Parameter& parameter, JSON::Writer& target, LegacyPrimitiveType type) {
     const auto* form = std::find_if(legacyForms.begin(), legacyForms.end(),
                                     [type](const LegacyForm& candidate) { return candidate.type == type; });
     if (form == legacyForms.end()) {
@@ -218,7 +218,7 @@ void prefetchForWriting(const Parameter& parameter) {
     prefetch(data.description);
 }
 
-void writeParameterSchema(const Parameter& parameter, JSONWriter& target, DataModelVersion version) {
+void writeParameterSchema(const Parameter& parameter, JSON::Writer& target, DataModelVersion version) {
     visitReferences(parameter, [](const auto& object) { prefetch(typeIdOf(object)); });
     const auto type = primitiveTypeOf(parameter.getSpec().getValueTypeId());
     if (version == V::V1 && type) {

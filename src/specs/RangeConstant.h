@@ -26,11 +26,11 @@ template <class Range> struct RangeConstant {
 /// Reads the inline value of a range, given the base schema that the constant names.
 inline void readInlineRange(std::string_view /*base*/, const JSON& value, Units::SchemaFormat format,
                             std::optional<FloatRange>& range) {
-    range = readInlineNumericRange<double>(value, format);
+    range = readInlineNumericRange<FloatRange>(value, format);
 }
 inline void readInlineRange(std::string_view /*base*/, const JSON& value, Units::SchemaFormat format,
                             std::optional<IntRange>& range) {
-    range = readInlineNumericRange<std::int64_t>(value, format);
+    range = readInlineNumericRange<IntRange>(value, format);
 }
 inline void readInlineRange(std::string_view base, const JSON& value, Units::SchemaFormat format,
                             std::optional<StringRange>& range) {

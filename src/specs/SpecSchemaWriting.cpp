@@ -62,7 +62,7 @@ bool hasDefaultDiscipline(const Spec& spec) {
     return containsPrefix(typeIdOf(spec.getDiscipline()), Vocabulary::discipline.prefix);
 }
 
-void addCommonSpecConstants(JSONWriter& target, const Spec& spec, bool typed,
+void addCommonSpecConstants(JSON::Writer& target, const Spec& spec, bool typed,
                             std::optional<std::string_view> defaultName = std::nullopt) {
     if (spec.getName() != defaultName) {
         createNameMember(target, spec.getName(), typed);
@@ -72,14 +72,14 @@ void addCommonSpecConstants(JSONWriter& target, const Spec& spec, bool typed,
     }
 }
 
-void writeSimpleSpecSchema(JSONWriter& target, const Spec& spec, const PrimitiveSpec& primitive) {
+void writeSimpleSpecSchema(JSON::Writer& target, const Spec& spec, const PrimitiveSpec& primitive) {
     addShortFrame(target, spec.getTypeId(), primitive.base.typeId);
     if (spec.getName() != primitive.defaultName || !hasDefaultDiscipline(spec)) {
         addConstants(target, [&] { addCommonSpecConstants(target, spec, false, primitive.defaultName); });
     }
 }
 
-void writeMeasurableSpecSchema(const Spec& spec, JSONWriter& target, const BaseSchemas& bases,
+void writeMeasurableSpecSchema(const Spec& spec, JSON::Writer& target, const BaseSchemas& bases,
                                DataModelVersion version) {
     if (!spec.getMeasurable()) {
         raiseNotRepresentable();
@@ -97,7 +97,7 @@ void writeMeasurableSpecSchema(const Spec& spec, JSONWriter& target, const BaseS
 }
 
 /// The key and the value of a polymorphic or named type, in the "value" property.
-void addValueType(JSONWriter& target, const ValueTypeId& valueType) {
+void addValueType(JSON::Writer& target, const ValueTypeId& valueType) {
     if (const auto* name = std::get_if<std::string>(&valueType)) {
         addTypeId(target, *name);
     } else if (const auto* anyOf = std::get_if<AnyOf>(&valueType)) {
@@ -114,7 +114,7 @@ void addValueType(JSONWriter& target, const ValueTypeId& valueType) {
 }
 
 /// A spec of another context than Single says so in front of its type.
-void addContext(JSONWriter& target, Context context) {
+void addContext(JSON::Writer& target, Context context) {
     for (const ContextWord& named : contextWords) {
         if (named.context == context && context != Context::Single) {
             target.addMember("context", named.word);
@@ -123,7 +123,7 @@ void addContext(JSONWriter& target, Context context) {
 }
 
 /// For V2 and V3.
-void writeCurrentSpecSchema(const Spec& spec, JSONWriter& target, DataModelVersion version) {
+void writeCurrentSpecSchema(const Spec& spec, JSON::Writer& target, DataModelVersion version) {
     if (spec.getMeasurable()) {
         writeMeasurableSpecSchema(spec, target, Vocabulary::measurableSpec, version);
         return;
@@ -140,7 +140,7 @@ void writeCurrentSpecSchema(const Spec& spec, JSONWriter& target, DataModelVersi
 }
 
 /// For V1, by the primitive type.
-void writeLegacySpecSchema(const Spec& spec, JSONWriter& target) {
+void writeLegacySpecSchema(const Spec& spec, JSON::Writer& target) {
     const auto type = primitiveTypeOf(spec.getValueTypeId());
     const auto* primitive = std::find_if(primitiveSpecs.begin(), primitiveSpecs.end(),
                                          [&](const PrimitiveSpec& candidate) { return candidate.type == type; });
@@ -173,7 +173,7 @@ Conversion conversionOfSpecKind(const Spec& spec) {
     return conversion;
 }
 
-void writeSpecSchema(const Spec& spec, JSONWriter& target, DataModelVersion version) {
+void writeSpecSchema(const Spec& spec, JSON::Writer& target, DataModelVersion version) {
     if (version == V::V1) {
         writeLegacySpecSchema(spec, target);
     } else {

@@ -14,6 +14,6 @@ namespace Parameters {
 /// The versions of the spec itself: those of the built-in primitive types have no document in V1.
 [[nodiscard]] Conversion conversionOfSpecKind(const Spec& spec);
 
-void writeSpecSchema(const Spec& spec, JSONWriter& target, DataModelVersion version);
+void writeSpecSchema(const Spec& spec, JSON::Writer& target, DataModelVersion version);
 
 } // namespace Parameters

@@ -58,7 +58,7 @@ Category resolveCategory(std::string_view typeId, const CategorySchema& schema,
                                      MajorCategoryComponent(domain, disciplines), major.format);
 }
 
-void writeCategorySchema(const Category& category, JSONWriter& target, DataModelVersion version) {
+void writeCategorySchema(const Category& category, JSON::Writer& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(category);
     const auto* major = std::get_if<MajorCategoryComponent>(&data.component);
     const BaseSchemas& bases = major != nullptr ? Vocabulary::majorCategory : Vocabulary::subCategory;

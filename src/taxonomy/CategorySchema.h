@@ -41,7 +41,7 @@ using CategorySchema = std::variant<MajorCategorySchema, SubCategorySchema>;
 [[nodiscard]] Category resolveCategory(std::string_view typeId, const CategorySchema& schema,
                                        const StoreList<Taxon>& disciplineStores, const StoreList<Taxon>& domainStores);
 
-void writeCategorySchema(const Category& category, JSONWriter& target, DataModelVersion version);
+void writeCategorySchema(const Category& category, JSON::Writer& target, DataModelVersion version);
 
 /// Calls visit with each typeid that the schema waits for.
 template <class Visit> void dependenciesOfCategorySchema(CategorySchema& schema, const Visit& visit) {

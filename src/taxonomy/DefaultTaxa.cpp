@@ -18,8 +18,14 @@ const DefaultTaxa& DefaultTaxa::groups() {
     return taxa;
 }
 
-const Taxon& DefaultTaxa::ofFormat(Units::SchemaFormat format) const noexcept {
-    return format == Units::SchemaFormat::LumarDataSchema ? lumarDataSchema_ : propertySets_;
+Taxon DefaultTaxa::ofFormat(Units::SchemaFormat format) const {
+    for (const Taxon* taxon : {&propertySets_, &lumarDataSchema_}) {
+        if (taxon->getSchemaFormat() == format) {
+            return *taxon;
+        }
+    }
+    const auto& data = Internals::dataOf(propertySets_);
+    return {data.typeId, data.name, format};
 }
 
 Taxon DefaultTaxa::withTypeId(std::string_view typeId) const {

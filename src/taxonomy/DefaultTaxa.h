@@ -16,7 +16,8 @@ public:
     [[nodiscard]] static const DefaultTaxa& disciplines();
     [[nodiscard]] static const DefaultTaxa& groups();
 
-    [[nodiscard]] const Taxon& ofFormat(Units::SchemaFormat format) const noexcept;
+    /// The default taxon of a format, which it keeps even if its number is that of no format.
+    [[nodiscard]] Taxon ofFormat(Units::SchemaFormat format) const;
 
     /// The default taxon under a typeid of the family; its format is that which goes with the typeid.
     [[nodiscard]] Taxon withTypeId(std::string_view typeId) const;

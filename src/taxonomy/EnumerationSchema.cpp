@@ -68,7 +68,7 @@ Enumeration resolveEnumeration(std::string_view typeId, EnumerationSchema schema
     return Internals::make<Enumeration>(std::string(typeId), std::move(schema.values), schema.format);
 }
 
-void writeEnumerationSchema(const Enumeration& enumeration, JSONWriter& target, DataModelVersion version) {
+void writeEnumerationSchema(const Enumeration& enumeration, JSON::Writer& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(enumeration);
     const bool current = usesFullFrame(data.schemaFormat, version);
     if (current) {

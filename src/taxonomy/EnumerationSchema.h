@@ -28,7 +28,7 @@ struct EnumerationParameterSchema {
 
 [[nodiscard]] Enumeration resolveEnumeration(std::string_view typeId, EnumerationSchema schema);
 
-void writeEnumerationSchema(const Enumeration& enumeration, JSONWriter& target, DataModelVersion version);
+void writeEnumerationSchema(const Enumeration& enumeration, JSON::Writer& target, DataModelVersion version);
 
 [[nodiscard]] EnumerationParameterSchema readEnumerationParameterSchema(const SchemaDocument& document);
 

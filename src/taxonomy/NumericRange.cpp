@@ -3,52 +3,67 @@
 
 namespace Parameters {
 
-template <class Number>
-NumericRange<Number>::NumericRange(const std::string& typeId, bool fromBottom, Number bottomBoundary, bool fromTop,
-                                   Number topBoundary, Units::SchemaFormat schemaFormat)
-    : NumericRange(
+// The two are classes of their own, without a base, so that hosts can declare and name them. What they are made of,
+// read from and written as stands in templates.
+
+FloatRange::FloatRange(const std::string& typeId, bool fromBottom, double bottomBoundary, bool fromTop,
+                       double topBoundary, Units::SchemaFormat schemaFormat)
+    : FloatRange(
           std::make_shared<const Data>(Data{typeId, fromBottom, bottomBoundary, fromTop, topBoundary, schemaFormat})) {}
 
-template <class Number>
-NumericRange<Number>::NumericRange(bool fromBottom, Number bottomBoundary, bool fromTop, Number topBoundary,
-                                   Units::SchemaFormat schemaFormat)
-    : NumericRange(std::string(baseFor(NumericRangeFamily<Number>::bases, schemaFormat)), fromBottom, bottomBoundary,
-                   fromTop, topBoundary, schemaFormat) {}
+FloatRange::FloatRange(bool fromBottom, double bottomBoundary, bool fromTop, double topBoundary,
+                       Units::SchemaFormat schemaFormat)
+    : FloatRange(std::string(baseFor(NumericRangeFamily<FloatRange>::bases, schemaFormat)), fromBottom, bottomBoundary,
+                 fromTop, topBoundary, schemaFormat) {}
 
-template <class Number> NumericRange<Number>::NumericRange(bool fromBottom) : NumericRange(fromBottom, 0) {}
+FloatRange::FloatRange(std::shared_ptr<const Data> data) noexcept : data_(std::move(data)) {}
 
-template <class Number> NumericRange<Number>::NumericRange() : NumericRange(false) {}
+FloatRange::~FloatRange() = default;
 
-template <class Number>
-NumericRange<Number>::NumericRange(std::shared_ptr<const Data> data) noexcept : data_(std::move(data)) {}
+std::string FloatRange::getTypeId() const { return data_->typeId; }
 
-template <class Number> NumericRange<Number>::~NumericRange() = default;
+bool FloatRange::isBoundFromBottom() const noexcept { return data_->fromBottom; }
 
-template <class Number> std::string NumericRange<Number>::getTypeId() const { return data_->typeId; }
+double FloatRange::getBottomBoundary() const noexcept { return data_->bottomBoundary; }
 
-template <class Number> bool NumericRange<Number>::isBoundFromBottom() const noexcept { return data_->fromBottom; }
+bool FloatRange::isBoundFromTop() const noexcept { return data_->fromTop; }
 
-template <class Number> Number NumericRange<Number>::getBottomBoundary() const noexcept {
-    return data_->bottomBoundary;
-}
+double FloatRange::getTopBoundary() const noexcept { return data_->topBoundary; }
 
-template <class Number> bool NumericRange<Number>::isBoundFromTop() const noexcept { return data_->fromTop; }
+Units::SchemaFormat FloatRange::getSchemaFormat() const noexcept { return data_->schemaFormat; }
 
-template <class Number> Number NumericRange<Number>::getTopBoundary() const noexcept { return data_->topBoundary; }
+bool FloatRange::operator==(const FloatRange& other) const noexcept { return data_->typeId == other.data_->typeId; }
 
-template <class Number> Units::SchemaFormat NumericRange<Number>::getSchemaFormat() const noexcept {
-    return data_->schemaFormat;
-}
+bool FloatRange::operator<(const FloatRange& other) const noexcept { return data_->typeId < other.data_->typeId; }
 
-template <class Number> bool NumericRange<Number>::operator==(const NumericRange& other) const noexcept {
-    return data_->typeId == other.data_->typeId;
-}
+IntRange::IntRange(const std::string& typeId, bool fromBottom, std::int64_t bottomBoundary, bool fromTop,
+                   std::int64_t topBoundary, Units::SchemaFormat schemaFormat)
+    : IntRange(
+          std::make_shared<const Data>(Data{typeId, fromBottom, bottomBoundary, fromTop, topBoundary, schemaFormat})) {}
 
-template <class Number> bool NumericRange<Number>::operator<(const NumericRange& other) const noexcept {
-    return data_->typeId < other.data_->typeId;
-}
+IntRange::IntRange(bool fromBottom, std::int64_t bottomBoundary, bool fromTop, std::int64_t topBoundary,
+                   Units::SchemaFormat schemaFormat)
+    : IntRange(std::string(baseFor(NumericRangeFamily<IntRange>::bases, schemaFormat)), fromBottom, bottomBoundary,
+               fromTop, topBoundary, schemaFormat) {}
 
-template class NumericRange<double>;
-template class NumericRange<std::int64_t>;
+IntRange::IntRange(std::shared_ptr<const Data> data) noexcept : data_(std::move(data)) {}
+
+IntRange::~IntRange() = default;
+
+std::string IntRange::getTypeId() const { return data_->typeId; }
+
+bool IntRange::isBoundFromBottom() const noexcept { return data_->fromBottom; }
+
+std::int64_t IntRange::getBottomBoundary() const noexcept { return data_->bottomBoundary; }
+
+bool IntRange::isBoundFromTop() const noexcept { return data_->fromTop; }
+
+std::int64_t IntRange::getTopBoundary() const noexcept { return data_->topBoundary; }
+
+Units::SchemaFormat IntRange::getSchemaFormat() const noexcept { return data_->schemaFormat; }
+
+bool IntRange::operator==(const IntRange& other) const noexcept { return data_->typeId == other.data_->typeId; }
+
+bool IntRange::operator<(const IntRange& other) const noexcept { return data_->typeId < other.data_->typeId; }
 
 } // namespace Parameters

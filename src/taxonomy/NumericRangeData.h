@@ -7,7 +7,8 @@
 
 namespace Parameters {
 
-template <class Number> struct NumericRange<Number>::Data {
+/// What float and int ranges hold.
+template <class Number> struct NumericRangeData {
     std::string typeId;
     bool fromBottom;
     Number bottomBoundary;

@@ -4,6 +4,9 @@
 #include "schema/SchemaDocument.h"
 #include "schema/Vocabulary.h"
 
+#include <Parameters/FloatRange.h>
+#include <Parameters/IntRange.h>
+
 #include <cmath>
 #include <cstdint>
 #include <string_view>
@@ -11,9 +14,10 @@
 namespace Parameters {
 
 /// Everything in which float and int ranges differ.
-template <class Number> struct NumericRangeFamily;
+template <class Range> struct NumericRangeFamily;
 
-template <> struct NumericRangeFamily<double> {
+template <> struct NumericRangeFamily<FloatRange> {
+    using Number = double;
     static constexpr const RangeBaseSchemas& bases = Vocabulary::floatRange;
     static constexpr std::string_view boundaryTypeName = PrimitiveTypeNames::floatingPoint;
 
@@ -22,7 +26,8 @@ template <> struct NumericRangeFamily<double> {
     static bool isRepresentable(double boundary) { return std::isfinite(boundary); }
 };
 
-template <> struct NumericRangeFamily<std::int64_t> {
+template <> struct NumericRangeFamily<IntRange> {
+    using Number = std::int64_t;
     static constexpr const RangeBaseSchemas& bases = Vocabulary::intRange;
     static constexpr std::string_view boundaryTypeName = PrimitiveTypeNames::integer;
 

@@ -19,8 +19,10 @@ constexpr std::string_view bottomBoundaryKey = "bottomBoundary";
 constexpr std::string_view fromTopKey = "fromTop";
 constexpr std::string_view topBoundaryKey = "topBoundary";
 
-template <class Number> Number readBoundaryConstant(const SchemaDocument& document, std::string_view key) {
-    return readConstant(document, key, std::optional<Number>(0), NumericRangeFamily<Number>::readBoundary);
+template <class Range> using NumberOf = typename NumericRangeFamily<Range>::Number;
+
+template <class Range> NumberOf<Range> readBoundaryConstant(const SchemaDocument& document, std::string_view key) {
+    return readConstant(document, key, std::optional<NumberOf<Range>>(0), NumericRangeFamily<Range>::readBoundary);
 }
 
 bool readInlineFlag(const JSON& value, std::string_view key) {
@@ -33,101 +35,100 @@ bool readInlineFlag(const JSON& value, std::string_view key) {
     return flag.getBool();
 }
 
-template <class Number> Number readInlineBoundary(const JSON& value, std::string_view key) {
-    return value.hasMember(key) ? NumericRangeFamily<Number>::readBoundary(value.getMember(key)) : 0;
+template <class Range> NumberOf<Range> readInlineBoundary(const JSON& value, std::string_view key) {
+    return value.hasMember(key) ? NumericRangeFamily<Range>::readBoundary(value.getMember(key)) : 0;
 }
 
-template <class Number> void addBoundary(JSONWriter& target, std::string_view key, Number boundary) {
-    if (!NumericRangeFamily<Number>::isRepresentable(boundary)) {
+template <class Range> void addBoundary(JSON::Writer& target, std::string_view key, NumberOf<Range> boundary) {
+    if (!NumericRangeFamily<Range>::isRepresentable(boundary)) {
         raiseNotRepresentable();
     }
     target.addMember(key, boundary);
 }
 
 /// A boundary that binds. One of 0 is left out even then: reading supplies it again.
-template <class Number>
-void createBoundaryMember(JSONWriter& target, std::string_view key, bool binds, Number boundary, bool typed) {
+template <class Range>
+void createBoundaryMember(JSON::Writer& target, std::string_view key, bool binds, NumberOf<Range> boundary,
+                          bool typed) {
     if (!binds || boundary == 0) {
         return;
     }
     createMember(target, key, [&] {
-        addBoundary(target, Frame::value, boundary);
+        addBoundary<Range>(target, Frame::value, boundary);
         if (typed) {
-            addTypeId(target, NumericRangeFamily<Number>::boundaryTypeName);
+            addTypeId(target, NumericRangeFamily<Range>::boundaryTypeName);
         }
     });
 }
 
 } // namespace
 
-template <class Number>
-std::optional<NumericRangeSchema<Number>> readNumericRangeSchema(const SchemaDocument& document) {
-    if (!containsPrefix(document.baseSchema, NumericRangeFamily<Number>::bases.prefix)) {
+template <class Range> std::optional<NumericRangeSchema<Range>> readNumericRangeSchema(const SchemaDocument& document) {
+    if (!containsPrefix(document.baseSchema, NumericRangeFamily<Range>::bases.prefix)) {
         return std::nullopt;
     }
     // Both flags before both boundaries: the order in which faults are reported.
-    NumericRangeSchema<Number> schema;
+    NumericRangeSchema<Range> schema;
     schema.fromBottom = readBoolConstant(document, fromBottomKey);
     schema.fromTop = readBoolConstant(document, fromTopKey);
-    schema.bottomBoundary = readBoundaryConstant<Number>(document, bottomBoundaryKey);
-    schema.topBoundary = readBoundaryConstant<Number>(document, topBoundaryKey);
+    schema.bottomBoundary = readBoundaryConstant<Range>(document, bottomBoundaryKey);
+    schema.topBoundary = readBoundaryConstant<Range>(document, topBoundaryKey);
     schema.format = document.schemaFormat;
     return schema;
 }
 
-template <class Number>
-NumericRange<Number> resolveNumericRange(std::string_view typeId, const NumericRangeSchema<Number>& schema) {
+template <class Range> Range resolveNumericRange(std::string_view typeId, const NumericRangeSchema<Range>& schema) {
     return {std::string(typeId), schema.fromBottom,  schema.bottomBoundary,
             schema.fromTop,      schema.topBoundary, schema.format};
 }
 
-template <class Number>
-void writeNumericRangeSchema(const NumericRange<Number>& range, JSONWriter& target, DataModelVersion version) {
+template <class Range>
+void writeNumericRangeSchema(const Range& range, JSON::Writer& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
     const bool typed =
-        addVersionedFrame(target, data.typeId, NumericRangeFamily<Number>::bases, data.schemaFormat, version);
+        addVersionedFrame(target, data.typeId, NumericRangeFamily<Range>::bases, data.schemaFormat, version);
     addConstants(target, [&] {
         createBoolMember(target, fromBottomKey, data.fromBottom, typed);
-        createBoundaryMember(target, bottomBoundaryKey, data.fromBottom, data.bottomBoundary, typed);
+        createBoundaryMember<Range>(target, bottomBoundaryKey, data.fromBottom, data.bottomBoundary, typed);
         createBoolMember(target, fromTopKey, data.fromTop, typed);
-        createBoundaryMember(target, topBoundaryKey, data.fromTop, data.topBoundary, typed);
+        createBoundaryMember<Range>(target, topBoundaryKey, data.fromTop, data.topBoundary, typed);
     });
 }
 
-template <class Number> NumericRange<Number> readInlineNumericRange(const JSON& value, Units::SchemaFormat format) {
+template <class Range> Range readInlineNumericRange(const JSON& value, Units::SchemaFormat format) {
     // Each flag just before its boundary, unlike in a schema.
     const bool fromBottom = readInlineFlag(value, fromBottomKey);
-    const auto bottomBoundary = readInlineBoundary<Number>(value, bottomBoundaryKey);
+    const auto bottomBoundary = readInlineBoundary<Range>(value, bottomBoundaryKey);
     const bool fromTop = readInlineFlag(value, fromTopKey);
-    const auto topBoundary = readInlineBoundary<Number>(value, topBoundaryKey);
-    return NumericRange<Number>(fromBottom, bottomBoundary, fromTop, topBoundary, format);
+    const auto topBoundary = readInlineBoundary<Range>(value, topBoundaryKey);
+    return Range(fromBottom, bottomBoundary, fromTop, topBoundary, format);
 }
 
-template <class Number>
-void writeNumericRangeConstant(JSONWriter& target, const NumericRange<Number>& range, DataModelVersion version) {
+template <class Range>
+void writeNumericRangeConstant(JSON::Writer& target, const Range& range, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
     if (!data.fromBottom && !data.fromTop) {
         return;
     }
-    const RangeBaseSchemas& bases = NumericRangeFamily<Number>::bases;
+    const RangeBaseSchemas& bases = NumericRangeFamily<Range>::bases;
     createRangeConstant(target, bases, data.typeId, beginsWithPrefix(data.typeId, bases.prefix), version, [&] {
         target.addMember(fromBottomKey, data.fromBottom);
-        addBoundary(target, bottomBoundaryKey, data.bottomBoundary);
+        addBoundary<Range>(target, bottomBoundaryKey, data.bottomBoundary);
         target.addMember(fromTopKey, data.fromTop);
-        addBoundary(target, topBoundaryKey, data.topBoundary);
+        addBoundary<Range>(target, topBoundaryKey, data.topBoundary);
     });
 }
 
-template std::optional<NumericRangeSchema<double>> readNumericRangeSchema(const SchemaDocument&);
-template NumericRange<double> resolveNumericRange(std::string_view, const NumericRangeSchema<double>&);
-template void writeNumericRangeSchema(const NumericRange<double>&, JSONWriter&, DataModelVersion);
-template NumericRange<double> readInlineNumericRange(const JSON&, Units::SchemaFormat);
-template void writeNumericRangeConstant(JSONWriter&, const NumericRange<double>&, DataModelVersion);
+template std::optional<NumericRangeSchema<FloatRange>> readNumericRangeSchema(const SchemaDocument&);
+template FloatRange resolveNumericRange(std::string_view, const NumericRangeSchema<FloatRange>&);
+template void writeNumericRangeSchema(const FloatRange&, JSON::Writer&, DataModelVersion);
+template FloatRange readInlineNumericRange(const JSON&, Units::SchemaFormat);
+template void writeNumericRangeConstant(JSON::Writer&, const FloatRange&, DataModelVersion);
 
-template std::optional<NumericRangeSchema<std::int64_t>> readNumericRangeSchema(const SchemaDocument&);
-template NumericRange<std::int64_t> resolveNumericRange(std::string_view, const NumericRangeSchema<std::int64_t>&);
-template void writeNumericRangeSchema(const NumericRange<std::int64_t>&, JSONWriter&, DataModelVersion);
-template NumericRange<std::int64_t> readInlineNumericRange(const JSON&, Units::SchemaFormat);
-template void writeNumericRangeConstant(JSONWriter&, const NumericRange<std::int64_t>&, DataModelVersion);
+template std::optional<NumericRangeSchema<IntRange>> readNumericRangeSchema(const SchemaDocument&);
+template IntRange resolveNumericRange(std::string_view, const NumericRangeSchema<IntRange>&);
+template void writeNumericRangeSchema(const IntRange&, JSON::Writer&, DataModelVersion);
+template IntRange readInlineNumericRange(const JSON&, Units::SchemaFormat);
+template void writeNumericRangeConstant(JSON::Writer&, const IntRange&, DataModelVersion);
 
 } // namespace Parameters

@@ -2,10 +2,9 @@
 
 #include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
+#include "taxonomy/NumericRangeFamily.h"
 
 #include <Parameters/DataModelVersion.h>
-#include <Parameters/FloatRange.h>
-#include <Parameters/IntRange.h>
 
 #include <optional>
 #include <string>
@@ -13,8 +12,12 @@
 
 namespace Parameters {
 
+// Range is FloatRange or IntRange.
+
 /// A range document that has been read and not yet resolved.
-template <class Number> struct NumericRangeSchema {
+template <class Range> struct NumericRangeSchema {
+    using Number = typename NumericRangeFamily<Range>::Number;
+
     bool fromBottom;
     bool fromTop;
     Number bottomBoundary;
@@ -22,25 +25,22 @@ template <class Number> struct NumericRangeSchema {
     Units::SchemaFormat format;
 };
 
-/// No value if the document is no range of the number type.
-template <class Number>
-[[nodiscard]] std::optional<NumericRangeSchema<Number>> readNumericRangeSchema(const SchemaDocument& document);
+/// No value if the document is no such range.
+template <class Range>
+[[nodiscard]] std::optional<NumericRangeSchema<Range>> readNumericRangeSchema(const SchemaDocument& document);
 
-template <class Number>
-[[nodiscard]] NumericRange<Number> resolveNumericRange(std::string_view typeId,
-                                                       const NumericRangeSchema<Number>& schema);
+template <class Range>
+[[nodiscard]] Range resolveNumericRange(std::string_view typeId, const NumericRangeSchema<Range>& schema);
 
-template <class Number>
-void writeNumericRangeSchema(const NumericRange<Number>& range, JSONWriter& target, DataModelVersion version);
+template <class Range> void writeNumericRangeSchema(const Range& range, JSON::Writer& target, DataModelVersion version);
 
 /// The range that a parameter's document gives inline, in an object. Its typeid is the static base of the document's
 /// format, whichever base the document named.
-template <class Number>
-[[nodiscard]] NumericRange<Number> readInlineNumericRange(const JSON& value, Units::SchemaFormat format);
+template <class Range> [[nodiscard]] Range readInlineNumericRange(const JSON& value, Units::SchemaFormat format);
 
 /// Creates the "range" constant of a parameter's document: the inline form for a range of the static base, a reference
 /// for any other, nothing for a range without bounds.
-template <class Number>
-void writeNumericRangeConstant(JSONWriter& target, const NumericRange<Number>& range, DataModelVersion version);
+template <class Range>
+void writeNumericRangeConstant(JSON::Writer& target, const Range& range, DataModelVersion version);
 
 } // namespace Parameters

@@ -19,8 +19,6 @@ std::string RegexStringRangeComponent::getRegex() const { return regex_; }
 SetStringRangeComponent::SetStringRangeComponent(const std::vector<std::string>& allowedValues)
     : allowedValues_(allowedValues) {}
 
-SetStringRangeComponent::SetStringRangeComponent() = default;
-
 SetStringRangeComponent::~SetStringRangeComponent() = default;
 
 std::vector<std::string> SetStringRangeComponent::getAllowedValues() const { return allowedValues_; }

@@ -34,7 +34,7 @@ std::vector<std::string> readUniqueStringArray(const JSON& json) {
     return strings;
 }
 
-void addStringArray(JSONWriter& target, std::string_view key, const std::vector<std::string>& strings) {
+void addStringArray(JSON::Writer& target, std::string_view key, const std::vector<std::string>& strings) {
     target.addArray(key, [&] {
         for (const std::string& string : strings) {
             target.addElement(string);
@@ -62,7 +62,7 @@ StringRange resolveStringRange(std::string_view typeId, const StringRangeSchema&
                       schema.component);
 }
 
-void writeStringRangeSchema(const StringRange& range, JSONWriter& target, DataModelVersion version) {
+void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
     if (const auto* set = std::get_if<SetStringRangeComponent>(&data.component)) {
         const bool typed =
@@ -110,7 +110,7 @@ StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value
     return {};
 }
 
-void writeStringRangeConstant(JSONWriter& target, const StringRange& range, DataModelVersion version) {
+void writeStringRangeConstant(JSON::Writer& target, const StringRange& range, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
     if (const auto* set = std::get_if<SetStringRangeComponent>(&data.component)) {
         const std::vector<std::string>& values = Internals::allowedValuesOf(*set);

@@ -25,7 +25,7 @@ struct StringRangeSchema {
 
 [[nodiscard]] StringRange resolveStringRange(std::string_view typeId, const StringRangeSchema& schema);
 
-void writeStringRangeSchema(const StringRange& range, JSONWriter& target, DataModelVersion version);
+void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, DataModelVersion version);
 
 /// The range that a parameter's document gives inline, in an object, under a base schema. The base decides the form of
 /// the value, which must be an object; the range's typeid goes by the document's format.
@@ -33,6 +33,6 @@ void writeStringRangeSchema(const StringRange& range, JSONWriter& target, DataMo
                                                 Units::SchemaFormat format);
 
 /// Creates the "range" constant of a parameter's document, or nothing for a range that limits nothing.
-void writeStringRangeConstant(JSONWriter& target, const StringRange& range, DataModelVersion version);
+void writeStringRangeConstant(JSON::Writer& target, const StringRange& range, DataModelVersion version);
 
 } // namespace Parameters

@@ -19,7 +19,7 @@ Taxon resolveTaxon(std::string_view typeId, const TaxonSchema& schema) {
     return Internals::make<Taxon>(std::string(typeId), std::string(schema.name), schema.format);
 }
 
-void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSONWriter& target, DataModelVersion version) {
+void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSON::Writer& target, DataModelVersion version) {
     const auto& data = Internals::dataOf(taxon);
     const bool typed = addVersionedFrame(target, data.typeId, family, data.schemaFormat, version);
     addConstants(target, [&] { createNameMember(target, data.name, typed); });

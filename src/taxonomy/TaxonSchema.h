@@ -27,6 +27,6 @@ template <class Visit> void visitTexts(TaxonSchema& schema, const Visit& visit) 
 
 [[nodiscard]] Taxon resolveTaxon(std::string_view typeId, const TaxonSchema& schema);
 
-void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSONWriter& target, DataModelVersion version);
+void writeTaxonSchema(const BaseSchemas& family, const Taxon& taxon, JSON::Writer& target, DataModelVersion version);
 
 } // namespace Parameters

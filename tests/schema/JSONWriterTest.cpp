@@ -12,7 +12,7 @@ namespace {
 
 /// A document with the value as its one member, "v".
 template <class Value> std::string written(const Value& value) {
-    JSONWriter document = JSONWriter::createDocument();
+    JSON::Writer document = JSON::Writer::createDocument();
     document.addMember("v", value);
     return document.toString();
 }
@@ -31,7 +31,7 @@ TEST(JSONWriter, PrintsCompactTexts) {
     EXPECT_EQ(written(std::string("\"\\/\b\f\n\r\t\x01\x1F\0\x7F\xC3\xA9\xF0\x9F\x98\x80", 18)),
               "{\"v\":\"\\\"\\\\/\\b\\f\\n\\r\\t\\u0001\\u001F\\u0000\x7F\xC3\xA9\xF0\x9F\x98\x80\"}");
 
-    JSONWriter document = JSONWriter::createDocument();
+    JSON::Writer document = JSON::Writer::createDocument();
     document.addArray("a", [&] {
         document.addElement("one");
         document.createObject([] {});
@@ -58,7 +58,7 @@ TEST(JSONWriter, FindsEscapesWhereverTheyStand) {
 }
 
 TEST(JSONWriter, WritesTextsOfAnySize) {
-    JSONWriter document = JSONWriter::createDocument();
+    JSON::Writer document = JSON::Writer::createDocument();
     std::string expected = "{";
     for (std::size_t size = 1; size < 5000; size += 7) {
         const std::string text(size, 'x');

@@ -20,7 +20,7 @@ TEST(SchemaDocumentTest, IsRefusedForTheFirstFaultOfItsFrame) {
         {"\xEF\xBB\xBF{}", parsing + "0: Invalid value."},
         {"nul", parsing + "3: Invalid value."},
         {"[1,]", parsing + "3: Invalid value."},
-        {"[1,-1234e306]", parsing + "3: Number too big to be stored in a double."},
+        {"[1,-1e309]", parsing + "3: Number too big to be stored in a double."},
         {R"("typeid")", noTypeId},
         {R"({"typeid":["t"],"schemaSpecification":0})", noTypeId},
         {R"({"typeid":"\u0000t","schemaSpecification":0})", "The typeid string may not be empty."},

@@ -69,7 +69,7 @@ Item readItem(const SchemaDocument& document, const std::string& text) {
 
 /// The document of an item for readers that don't know "schemaSpecification".
 std::string writeDowngraded(const std::string& typeId, const Item& item) {
-    JSONWriter target = JSONWriter::createDocument();
+    JSON::Writer target = JSON::Writer::createDocument();
     target.addMember(Frame::downgradedFrom, Frame::version3);
     addShortFrame(target, typeId, item.baseSchema);
     addConstants(target, [&] {
