@@ -7,7 +7,7 @@ endif()
 parameters_require_header(RAPIDJSON_INCLUDE_DIR rapidjson/document.h "RapidJSON (Debian: rapidjson-dev)")
 parameters_require_header(XXHASH_INCLUDE_DIR xxhash.h "xxHash (Debian: libxxhash-dev)")
 
-set(parameters_sources ${CMAKE_CURRENT_LIST_DIR}/../src)
+cmake_path(SET parameters_sources NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../src)
 add_library(parameters_frame OBJECT
     ${parameters_sources}/schema/JSON.cpp
     ${parameters_sources}/schema/JSONWriter.cpp

@@ -11,6 +11,10 @@ if(PROJECT_IS_TOP_LEVEL)
         list(JOIN PARAMETERS_SANITIZE "," sanitizers)
         list(APPEND parameters_compile_options
             -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        if(undefined IN_LIST PARAMETERS_SANITIZE)
+            # RapidJSON's own stack adds to null pointers.
+            list(APPEND parameters_compile_options -fno-sanitize=pointer-overflow)
+        endif()
         set(parameters_link_options -fsanitize=${sanitizers})
     else()
         # Sanitized libraries leave the runtime of the sanitizer to the program.
@@ -34,8 +38,7 @@ if(PROJECT_IS_TOP_LEVEL)
         endif()
     endif()
     if(PARAMETERS_BUILD_FUZZ)
-        # RapidJSON's own stack adds to null pointers.
-        list(APPEND parameters_compile_options -fsanitize=fuzzer-no-link -fno-sanitize=pointer-overflow)
+        list(APPEND parameters_compile_options -fsanitize=fuzzer-no-link)
     endif()
 endif()
 

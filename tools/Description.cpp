@@ -28,7 +28,7 @@ Tree reference(std::string_view label, const Taxon& taxon) {
     return reference(label, taxon.getTypeId(), taxon.getName());
 }
 
-std::string wordsFor(const ValueTypeId& valueType) {
+std::string formatValueType(const ValueTypeId& valueType) {
     struct Words {
         std::string operator()(const std::string& name) const { return name; }
         std::string operator()(LegacyPrimitiveType type) const {
@@ -110,7 +110,7 @@ public:
 
     [[nodiscard]] std::vector<Tree> operator()(const Spec& spec) const {
         static constexpr std::array contexts = {"single", "array", "map"};
-        std::vector<Tree> lines = {line("value type", wordsFor(spec.getValueTypeId())),
+        std::vector<Tree> lines = {line("value type", formatValueType(spec.getValueTypeId())),
                                    line("context", contexts.at(static_cast<std::size_t>(spec.getContext()))),
                                    reference("discipline", spec.getDiscipline())};
         if (const auto& measurable = spec.getMeasurable()) {

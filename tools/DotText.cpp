@@ -32,7 +32,7 @@ constexpr std::array<Style, kindCount> styles = {{{"folder", "#f6c9a8"},
                                                   {"house", "#fbf1b3"},
                                                   {"diamond", "#dff0c8"}}};
 
-std::string quoted(std::string_view text) {
+std::string dotString(std::string_view text) {
     std::string result = "\"";
     for (const char character : printable(text)) {
         if (character == '"' || character == '\\') {
@@ -50,7 +50,7 @@ std::string attributesOf(Kind kind) {
 
 std::string nodeOf(const std::string& typeId, const Item& item) {
     const std::string& label = item.name.empty() ? typeId : item.name;
-    return fmt::format("  {} [label={}, tooltip={}, {}];\n", quoted(typeId), quoted(label), quoted(typeId),
+    return fmt::format("  {} [label={}, tooltip={}, {}];\n", dotString(typeId), dotString(label), dotString(typeId),
                        attributesOf(item.kind));
 }
 
@@ -90,7 +90,7 @@ std::string dotText(const std::map<std::string, Item>& items, const Links& refer
     for (const auto& [typeId, distance] : shown) {
         for (const std::string& reference : references.at(typeId)) {
             if (shown.count(reference) != 0) {
-                text += fmt::format("  {} -> {};\n", quoted(typeId), quoted(reference));
+                text += fmt::format("  {} -> {};\n", dotString(typeId), dotString(reference));
             }
         }
     }

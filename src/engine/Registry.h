@@ -21,7 +21,7 @@ namespace Parameters {
 /// A value of its own on the heap, so that what holds it is cheap to move.
 template <class Value> class Boxed {
 public:
-    Boxed(Value value) : value_(std::make_unique<Value>(std::move(value))) {}
+    explicit Boxed(Value value) : value_(std::make_unique<Value>(std::move(value))) {}
     Boxed(const Boxed& other) : value_(std::make_unique<Value>(*other.value_)) {}
     Boxed(Boxed&& other) noexcept = default;
     Boxed& operator=(const Boxed& other) { return *this = Boxed(other); }
@@ -150,7 +150,7 @@ public:
         Kind::visitTexts(body, [&](std::string_view part) { size += isPartOf(part, text) ? 0 : part.size(); });
         pendingTexts_.reserve(size);
         auto& schemas = store<Kind>().pending;
-        add<Kind>(schemas, key, {std::move(body), text, places_.size()});
+        add<Kind>(schemas, key, {Boxed(std::move(body)), text, places_.size()});
         PendingSchema<typename Kind::Body>& schema = schemas.back();
         Kind::visitTexts(*schema.body, [&](std::string_view& part) {
             part = isPartOf(part, text)

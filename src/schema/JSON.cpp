@@ -11,8 +11,6 @@
 
 namespace Parameters {
 
-namespace {
-
 /// Reports exhausted memory by std::bad_alloc; the allocator that comes with RapidJSON returns null, which its parser
 /// would write to.
 class ThrowingAllocator {
@@ -33,6 +31,8 @@ public:
 
     static void Free(void* block) noexcept { ::operator delete(block); }
 };
+
+namespace {
 
 using Encoding = rapidjson::UTF8<>;
 using Pool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t numberSize = 32;
 
 /// What a text is written to that takes more than copying.
-struct TextStream {
+struct StringStream {
     using Ch = char;
 
     void Put(char character) { text.push_back(character); }
@@ -75,8 +75,8 @@ std::string JSON::Writer::toString() {
 void JSON::Writer::addValue(bool value) { addText(value ? std::string_view("true") : std::string_view("false")); }
 
 void JSON::Writer::addValue(double value) {
-    TextStream stream;
-    rapidjson::Writer<TextStream>(stream).Double(value);
+    StringStream stream;
+    rapidjson::Writer<StringStream>(stream).Double(value);
     addText(stream.text);
 }
 
@@ -93,8 +93,8 @@ void JSON::Writer::addValue(std::string_view text) {
         next[text.size() + 1] = '"';
         next_ = next + text.size() + 2;
     } else {
-        TextStream stream;
-        rapidjson::Writer<TextStream>(stream).String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+        StringStream stream;
+        rapidjson::Writer<StringStream>(stream).String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
         addText(stream.text);
     }
 }

@@ -23,8 +23,10 @@ namespace Parameters {
 struct TypeIdKey {
     TypeIdKey() noexcept = default;
     // Implicit, so that a typeid can be looked up as it is.
+    // NOLINTBEGIN(google-explicit-constructor)
     TypeIdKey(std::string_view key) noexcept : typeId(key), hash(hashOfTypeId(key)) {}
     TypeIdKey(const std::string& key) noexcept : TypeIdKey(std::string_view(key)) {}
+    // NOLINTEND(google-explicit-constructor)
 
     std::string_view typeId;
     std::uint32_t hash = 0;

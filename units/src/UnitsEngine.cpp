@@ -14,6 +14,19 @@
 
 namespace Units {
 
+enum class Kind { Dimension, Unit };
+
+/// What a document says, beside its typeid.
+struct Item {
+    Kind kind;
+    SchemaFormat format;
+    std::string baseSchema;
+    std::string name;
+    /// Only ever set in a unit.
+    std::optional<std::string> dimension;
+    std::string text;
+};
+
 namespace {
 
 // For the frame of schema documents, which is compiled into this library as well.
@@ -31,19 +44,6 @@ public:
     [[nodiscard]] std::exception_ptr createException(const std::string& message) const override {
         return std::make_exception_ptr(ValidationException(message));
     }
-};
-
-enum class Kind { Dimension, Unit };
-
-/// What a document says, beside its typeid.
-struct Item {
-    Kind kind;
-    SchemaFormat format;
-    std::string baseSchema;
-    std::string name;
-    /// Only ever set in a unit.
-    std::optional<std::string> dimension;
-    std::string text;
 };
 
 Kind kindOf(const SchemaDocument& document) {
