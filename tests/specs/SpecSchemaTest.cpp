@@ -6,62 +6,63 @@ namespace {
 using namespace Documents;
 
 const Kind<Spec> specs = {&ParametersEngine::registerSpec, &ParametersEngine::getSpec};
-const std::string base = "quovanta.spec:spec";
-const std::string name = R"({"id":"name","value":"N"})";
-const std::string typedName = R"({"id":"name","typeid":"String","value":"N"})";
-const std::string inD = R"(,{"id":"discipline","typedValue":{"typeid":"d"}})";
-const std::string inMetre = R"(,{"id":"storageUnit","typedValue":{"typeid":"metre"}})";
+const std::string name = nameConstant("N");
+const std::string ownDiscipline = reference("discipline", "d");
+const std::string inMetre = reference("storageUnit", "metre");
 
-// Documents of a spec "x"; `form` is its base behind what all have in common.
-std::string older(const std::string& form, const std::string& constants, const std::string& value = "") {
-    return shortForm("x", base + form, constants, value.empty() ? "" : R"({"id":"value",)" + value + "}");
+std::string measurable(const Texts& constants) {
+    return shortForm("x", "quovanta.spec:spec.measurable-2.0.0", listed(constants));
 }
-std::string newer(const std::string& form, const std::string& constants, const std::string& value = "") {
-    return fullForm("x", base + form, constants, value.empty() ? "" : R"({"id":"value",)" + value + "}");
-}
-std::string measurable(const std::string& constants) { return older(".measurable-2.0.0", constants); }
+
+/// The property of a spec's type; the attributes are what stands behind its id.
+std::string valueProperty(const std::string& attributes) { return R"({"id":"value",)" + attributes + "}"; }
 
 TEST(SpecSchemaTest, TakesTheShapeFromAPrefixAndTheValueTypeFromTheWholeBase) {
-    const Cases cases = {{older(".int64-1.0.0", "", R"("typeid":0)"), ""},
-                         {older("-" + base + ".string-" + base + ".measurable-", ""), ""},
-                         {older("-" + base + ".measurable-", name + inMetre, R"("typeid":0)"), ""},
-                         {older(".measurable-3.0.0", name + inMetre), "Float64"},
-                         {older("-2.0.0", name), ""}};
+    const std::string strange = valueProperty(R"("typeid":0)"); // which only a spec of general shape reads
+    const Cases cases = {
+        {shortForm("x", "quovanta.spec:spec.int64-1.0.0", "", strange), ""},
+        {shortForm("x", "quovanta.spec:spec-quovanta.spec:spec.string-quovanta.spec:spec.measurable-", ""), ""},
+        {shortForm("x", "quovanta.spec:spec-quovanta.spec:spec.measurable-", listed({name, inMetre}), strange), ""},
+        {shortForm("x", "quovanta.spec:spec.measurable-3.0.0", listed({name, inMetre})), "Float64"},
+        {shortForm("x", "quovanta.spec:spec-2.0.0", name), ""}};
     for (const auto& [text, type] : cases) {
         EXPECT_EQ(std::get<std::string>(workshop({text}).getSpec("x").getValueTypeId()), type) << text;
     }
-    const Taxon discipline = workshop({newer(".bool-1.0.0", "")}).getSpec("x").getDiscipline();
-    EXPECT_EQ(discipline.getTypeId() + " " + discipline.getName(), "quovanta.spec:discipline-2.0.0 Common");
-    EXPECT_EQ(discipline.getSchemaFormat(), Format::PropertySets);
 }
 
 // Here and below each text has the faults of later ones as well, so that the messages show which comes first.
 TEST(SpecSchemaTest, ReportsTheFirstFaultOfItsConstants) {
-    const std::string bad = R"({"id":"discipline","value":0},{"id":"applicableUnits","value":0})";
-    const std::string units = R"(,{"id":"applicableUnits","value":[{"typeid":"inch"},{"typeid":"z"},{"typeid":"y"}]})";
-    const std::string inLength = "," + reference("storageUnit", "length");
-    const std::string strange = name + "," + reference("discipline", "o") + inLength + units;
-    const std::string noUnit = " constant in measurable spec schema x does not belong to a unit.";
+    const std::string noDiscipline = constant("discipline", "0"), noUnits = constant("applicableUnits", "0");
+    const std::string domainAsDiscipline = reference("discipline", "o");
+    const std::string inLength = reference("storageUnit", "length");
+    const std::string unknownUnits =
+        constant("applicableUnits", R"([{"typeid":"inch"},{"typeid":"unknown 2"},{"typeid":"unknown 1"}])");
+    const std::string general = "quovanta.spec:spec-";
     expectRefused(
-        {{measurable(bad), "Schema x has an undefined name constant."},
-         {measurable(name + "," + bad), "A typedValue must be an object."},
-         {measurable(name + R"(,{"id":"applicableUnits","value":0})"), "Expected an array of typedValue objects."},
-         {measurable(name + units), "Schema x has an undefined storageUnit constant."},
-         {measurable(strange),
+        {{measurable({noDiscipline, noUnits}), "Schema x has an undefined name constant."},
+         {measurable({name, noDiscipline, noUnits}), "A typedValue must be an object."},
+         {measurable({name, noUnits}), "Expected an array of typedValue objects."},
+         {measurable({name, unknownUnits}), "Schema x has an undefined storageUnit constant."},
+         {measurable({name, domainAsDiscipline, inLength, unknownUnits}),
           "Dependency o in schema x is missing or does not represent an object of the expected type."},
-         {measurable(name + inLength + units), "Typeid length for storageUnit" + noUnit},
-         {measurable(name + inMetre + units), "Typeid z in applicableUnits" + noUnit},
-         {older(".bool-", R"({"id":"name","value":""},)" + bad), "Expected a non-empty string."},
-         {older("-", bad, R"("typeid":0)"), "Schema x has an undefined name constant."},
-         {newer("-", name), "Complex spec schema must declare a value property."}});
-    const std::pair<std::set<std::string>, std::set<std::string>> missing = {{}, {"y", "z"}};
-    EXPECT_EQ(workshop().registerSchema(measurable(strange)), missing);
+         {measurable({name, inLength, unknownUnits}),
+          "Typeid length for storageUnit constant in measurable spec schema x does not belong to a unit."},
+         {measurable({name, inMetre, unknownUnits}),
+          "Typeid unknown 2 in applicableUnits constant in measurable spec schema x does not belong to a unit."},
+         {shortForm("x", "quovanta.spec:spec.bool-", listed({nameConstant(""), noDiscipline})),
+          "Expected a non-empty string."},
+         {shortForm("x", general, noDiscipline, valueProperty(R"("typeid":0)")),
+          "Schema x has an undefined name constant."},
+         {fullForm("x", general, name), "Complex spec schema must declare a value property."}});
+    const std::pair<std::set<std::string>, std::set<std::string>> missing = {{}, {"unknown 1", "unknown 2"}};
+    EXPECT_EQ(workshop().registerSchema(measurable({name, domainAsDiscipline, inLength, unknownUnits})), missing);
 }
 
 TEST(SpecSchemaTest, ReportsTheFirstFaultOfItsValueType) {
     const auto refuse = [](const std::string& message, const Texts& types) {
         for (const std::string& type : types) {
-            expectRefused({{newer("-", name, type + R"(,"context":0)"), message}});
+            expectRefused(
+                {{fullForm("x", "quovanta.spec:spec-", name, valueProperty(type + R"(,"context":0)")), message}});
         }
     };
     refuse("Expected a string.", {R"("typeid":0,"anyOf":0)", R"("anyOf":[{"typeid":0}],"oneOf":0)",
@@ -83,64 +84,128 @@ TEST(SpecSchemaTest, ReportsTheFirstFaultOfItsValueType) {
     refuse("Expected an array/map/single context.", {R"("typeid":"a","context":"Array")"});
 }
 
-TEST(SpecSchemaTest, IsWrittenAsItsValueTypeSays) {
-    for (const auto& [form, plain] : Cases{{".bool-1.0.0", R"({"id":"name","value":"Yes/No"})"},
-                                           {".int64-2.0.0", R"({"id":"name","value":"Integer"})"},
-                                           {".reference-1.0.0", R"({"id":"name","value":"Reference"})"},
-                                           {".string-2.0.0", R"({"id":"name","value":"Text"})"}}) {
-        const std::string bare = R"({"typeid":"x","inherits":[")" + base + form + R"("]})";
-        specs.expectTexts(older(form, plain), {bare, "", ""});
-        specs.expectTexts(older(form, plain + inD), {older(form, inD.substr(1)), "", ""});
+TEST(SpecSchemaTest, IsWrittenInItsPrimitiveFamilyWithoutWhatThatStandsFor) {
+    for (const auto& [base, nameOfFamily] : Cases{{"quovanta.spec:spec.bool-1.0.0", "Yes/No"},
+                                                  {"quovanta.spec:spec.int64-2.0.0", "Integer"},
+                                                  {"quovanta.spec:spec.reference-1.0.0", "Reference"},
+                                                  {"quovanta.spec:spec.string-2.0.0", "Text"}}) {
+        const std::string start = R"({"typeid":"x","inherits":[")" + base + R"("])";
+        const std::string given = nameConstant(nameOfFamily);
+        specs.expectTexts(shortForm("x", base, given), {start + "}", "", ""});
+        specs.expectTexts(shortForm("x", base, listed({given, ownDiscipline})),
+                          {start + R"(,"constants":[{"id":"discipline","typedValue":{"typeid":"d"}}]})", "", ""});
     }
-    specs.expectTexts(older("-1.0.0", name + inD), {older("-1.0.0", name + inD), "", ""});
+}
 
-    const std::string oldest = older(".bool-1.0.0", name);
-    const std::string current = older("-1.0.0", name, R"("typeid":"Bool")");
-    const std::string full = newer("-2.0.0", typedName, R"("typeid":"Bool")");
-    specs.expectTexts(current, {downgraded(oldest, "2.0.0"), current, ""});
-    specs.expectTexts(full, {downgraded(oldest), downgraded(current), full});
+TEST(SpecSchemaTest, IsWrittenInEachVersionThatCanRepresentItsValueType) {
+    const std::string primitive = R"({"typeid":"x","inherits":["quovanta.spec:spec.bool-1.0.0"],)"
+                                  R"("constants":[{"id":"name","value":"N"}]})";
+    const std::string current = R"({"typeid":"x","inherits":["quovanta.spec:spec-1.0.0"],)"
+                                R"("constants":[{"id":"name","value":"N"}],)"
+                                R"("properties":[{"id":"value","typeid":"Bool"}]})";
+    const std::string full = R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component",)"
+                             R"("typeid":"x","inherits":["quovanta.spec:spec-2.0.0"],"sealed":true,)"
+                             R"("constants":[{"id":"name","typeid":"String","value":"N"}],)"
+                             R"("properties":[{"id":"value","typeid":"Bool"}]})";
+    specs.expectTexts(current, {downgraded(primitive, "2.0.0"), current, ""});
+    specs.expectTexts(full, {downgraded(primitive), downgraded(current), full});
+
+    const std::string general = R"({"typeid":"x","inherits":["quovanta.spec:spec-1.0.0"],"constants":[)"
+                                R"({"id":"name","value":"N"},{"id":"discipline","typedValue":{"typeid":"d"}}]})";
+    specs.expectTexts(general, {general, "", ""});
     for (const std::string type : {R"("anyOf":[{"typeid":"a"}])", R"("context":"map","typeid":"Bool")",
                                    R"("context":"array","oneOf":[{"typeid":"b"},{"typeid":"a"},{"typeid":"b"}])"}) {
-        specs.expectTexts(newer("-2.0.0", typedName + inD, type), {"", "", newer("-2.0.0", typedName + inD, type)});
+        const std::string newest = R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component",)"
+                                   R"("typeid":"x","inherits":["quovanta.spec:spec-2.0.0"],"sealed":true,)"
+                                   R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+                                   R"({"id":"discipline","typedValue":{"typeid":"d"}}],)"
+                                   R"("properties":[{"id":"value",)" +
+                                   type + "}]}";
+        specs.expectTexts(newest, {"", "", newest});
     }
 }
 
 TEST(SpecSchemaTest, IsWrittenWithItsUnits) {
-    const std::string units =
-        inD + R"(,{"id":"applicableUnits","typedValue":[{"typeid":"metre"},{"typeid":"inch"}]})" + inMetre;
-    const std::string current = older(".measurable-2.1.0", name + units);
-    const std::string full = newer(".measurable-3.0.0", typedName + units);
-    specs.expectTexts(measurable(name + inMetre), {measurable(name + inMetre), "", ""});
-    specs.expectTexts(current, {downgraded(measurable(name + units), "2.0.0"), current, ""});
-    specs.expectTexts(full, {downgraded(measurable(name + units)), downgraded(current), full});
+    const std::string plain = R"({"typeid":"x","inherits":["quovanta.spec:spec.measurable-2.0.0"],"constants":[)"
+                              R"({"id":"name","value":"N"},{"id":"storageUnit","typedValue":{"typeid":"metre"}}]})";
+    const std::string behindName = R"({"id":"discipline","typedValue":{"typeid":"d"}},)"
+                                   R"({"id":"applicableUnits","typedValue":[{"typeid":"metre"},{"typeid":"inch"}]},)"
+                                   R"({"id":"storageUnit","typedValue":{"typeid":"metre"}}]})";
+    const std::string oldest = R"({"typeid":"x","inherits":["quovanta.spec:spec.measurable-2.0.0"],"constants":[)"
+                               R"({"id":"name","value":"N"},)" +
+                               behindName;
+    const std::string current = R"({"typeid":"x","inherits":["quovanta.spec:spec.measurable-2.1.0"],"constants":[)"
+                                R"({"id":"name","value":"N"},)" +
+                                behindName;
+    const std::string full = R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component",)"
+                             R"("typeid":"x","inherits":["quovanta.spec:spec.measurable-3.0.0"],"sealed":true,)"
+                             R"("constants":[{"id":"name","typeid":"String","value":"N"},)" +
+                             behindName;
+    specs.expectTexts(plain, {plain, "", ""});
+    specs.expectTexts(current, {downgraded(oldest, "2.0.0"), current, ""});
+    specs.expectTexts(full, {downgraded(oldest), downgraded(current), full});
+}
+
+TEST(SpecSchemaTest, HasTheDefaultDisciplineOfItsFormatIfItNamesNone) {
+    const std::string any = "acme.quovanta.spec:discipline-9";
+    const Cases cases = {
+        {shortForm("x", "quovanta.spec:spec.bool-1.0.0", ""), "quovanta.spec:discipline-1.0.0"},
+        {fullForm("x", "quovanta.spec:spec.bool-1.0.0", ""), "quovanta.spec:discipline-2.0.0"},
+        {shortForm("x", "quovanta.spec:spec.bool-1.0.0", reference("discipline", any)), any},
+        {fullForm("x", "quovanta.spec:spec.bool-1.0.0", reference("discipline", "quovanta.spec:discipline-1.0.0")),
+         "quovanta.spec:discipline-1.0.0"},
+    };
+    ParametersEngine registered = workshop();
+    registered.registerDiscipline(Taxon(any, "Own", Format::LumarDataSchema));
+    for (const auto& [text, typeId] : cases) {
+        SCOPED_TRACE(text);
+        ParametersEngine engine = registered;
+        engine.registerSchema(text);
+        engine.resolveSchemas();
+        const Taxon discipline = engine.getSpec("x").getDiscipline();
+        EXPECT_EQ(discipline.getTypeId(), typeId);
+        EXPECT_EQ(discipline.getName(), "Common");
+        EXPECT_EQ(discipline.getSchemaFormat(), Format::PropertySets);
+    }
 }
 
 TEST(SpecSchemaTest, GoesBackAsFarAsItsNamesAllow) {
     const Taxon common = ParametersEngine().getDiscipline("quovanta.spec:discipline-1.0.0");
     ParametersEngine engine;
-    const auto expectLowest = [&](Version lowest, const std::string& typeId, const Texts& types) {
-        for (const std::string& type : types) {
-            engine.registerSpec({typeId + type, "N", type, {}, Format::LumarDataSchema, common});
-            EXPECT_EQ(engine.getCompatibleDataModelRange(typeId + type), std::pair(lowest, Version::V3))
-                << typeId << type;
+    const auto expectRange = [&](std::pair<Version, Version> range, const std::string& typeId,
+                                 const std::vector<ValueTypeId>& types, Format format = Format::LumarDataSchema) {
+        for (const ValueTypeId& type : types) {
+            const auto* named = std::get_if<std::string>(&type);
+            const std::string unique = typeId + (named == nullptr ? "" : *named);
+            engine.registerSpec({unique, "N", type, {}, format, common});
+            EXPECT_EQ(engine.getCompatibleDataModelRange(unique), range) << unique;
         }
     };
-    expectLowest(Version::V1, "x", {"Bool", "Int64", "Float64", "Reference", "String", "quovanta.data:reference-9"});
-    expectLowest(Version::V2, "x",
-                 {"acme.quovanta.data:reference-1.0.0", "BinaryProperty", "Enum", "Float32", "Int8", "Int16", "Int32",
-                  "NamedProperty", "NodeProperty", "RelationshipProperty", "Uint8", "Uint16", "Uint32", "Uint64",
-                  "Reference<"});
-    expectLowest(Version::V3, "x", {"", "bool", "General", "Float", "Reference ", "xReference<a>"});
-    for (const std::string form : {".bool-1.", ".int64-2.", ".reference-1.", ".string-2."}) {
-        expectLowest(Version::V2, base + form, {"Bool"});
-        expectLowest(Version::V1, "acme." + base + form, {"Bool"});
+    const std::pair all(Version::V1, Version::V3), notOldest(Version::V2, Version::V3);
+    const std::pair newest(Version::V3, Version::V3), oldest(Version::V1, Version::V1);
+    using Names = std::vector<ValueTypeId>;
+    expectRange(all, "x", Names{"Bool", "Int64", "Float64", "Reference", "String", "quovanta.data:reference-9"});
+    expectRange(notOldest, "x",
+                Names{"acme.quovanta.data:reference-1.0.0", "BinaryProperty", "Enum", "Float32", "Int8", "Int16",
+                      "Int32", "NamedProperty", "NodeProperty", "RelationshipProperty", "Uint8", "Uint16", "Uint32",
+                      "Uint64", "Reference<"});
+    expectRange(newest, "x", Names{"", "bool", "General", "Float", "Reference ", "xReference<a>"});
+    for (const std::string family : {"quovanta.spec:spec.bool-1.", "quovanta.spec:spec.int64-2.",
+                                     "quovanta.spec:spec.reference-1.", "quovanta.spec:spec.string-2."}) {
+        expectRange(notOldest, family, Names{"Bool"});
+        expectRange(all, "acme." + family, Names{"Bool"});
+        // There is no other version to prefer for a spec of the oldest data model alone.
+        expectRange(oldest, family + "1", {LegacyPrimitiveType::Boolean}, Format::PropertySets);
     }
 }
 
 TEST(SpecSchemaTest, IsRefusedWhereThereIsNothingToWrite) {
-    ParametersEngine engine = workshop({older("-1.0.0", name, R"("typeid":"Bool","context":"array")")});
+    ParametersEngine engine = workshop({R"({"typeid":"x","inherits":["quovanta.spec:spec-1.0.0"],)"
+                                        R"("constants":[{"id":"name","value":"N"}],)"
+                                        R"("properties":[{"id":"value","typeid":"Bool","context":"array"}]})"});
     EXPECT_EQ(engine.getSchemaInCompatibleFormat(Version::V3, "x"),
-              older("-1.0.0", name, R"("context":"array","typeid":"Bool")"));
+              R"({"typeid":"x","inherits":["quovanta.spec:spec-1.0.0"],"constants":[{"id":"name","value":"N"}],)"
+              R"("properties":[{"id":"value","context":"array","typeid":"Bool"}]})");
     EXPECT_THROWS(engine.getSchemaInCompatibleFormat(Version::V2, "x"), ValidationException, cannotRepresent);
     engine.registerParameter(
         {"p", "P", engine.getSpec("x"), engine.getGroup("quovanta.parameter:group-1.0.0"), {}, "", "", false});

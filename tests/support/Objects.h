@@ -18,6 +18,15 @@ using Cases = std::vector<std::pair<std::string, std::string>>;
 
 inline const std::string cannotRepresent = "Cannot represent schema in requested format.";
 
+/// Members of a JSON array, with commas between them.
+inline std::string listed(const Texts& members) {
+    std::string all;
+    for (const std::string& member : members) {
+        all += all.empty() ? member : "," + member;
+    }
+    return all;
+}
+
 /// An engine with the disciplines "d" and "e", the domain "o", the major category "m" of "o", its subcategory "s", the
 /// units "metre" and "inch" of the dimension "length", and more documents.
 inline ParametersEngine workshop(Texts texts = {}) {
