@@ -7,132 +7,247 @@ namespace {
 
 using namespace Documents;
 
-const std::string familyType = "quovanta.talmo.spec:familyType-";
-
-// Constants of a parameter, each with the comma before it.
-
-std::string spec(const std::string& typeId) { return "," + reference("spec", typeId); }
-std::string range(const std::string& typeId) { return "," + reference("range", typeId); }
-std::string typed(const std::string& id, const std::string& typeId, const std::string& rest) {
-    return R"(,{"id":")" + id + R"(","typedValue":{"typeid":")" + typeId + "\"," + rest + "}}";
-}
-std::string inlined(const std::string& base, const std::string& value) {
-    return typed("range", "quovanta.range:range." + base, R"("value":)" + value);
-}
-std::string ofMajor(const std::string& version) {
-    return typed("spec", familyType + version, R"("typedValue":{"category":{"typeid":"major"}})");
+/// A constant that refers to a schema and overrides what stands there.
+std::string overridden(const std::string& id, const std::string& typeId, const std::string& override) {
+    return R"({"id":")" + id + R"(","typedValue":{"typeid":")" + typeId + "\"," + override + "}}";
 }
 
-Texts ranged(const std::string& type, const std::string& oldForm, const std::string& data, const std::string& base,
-             const std::string& value) {
-    const std::string oldRange = inlined(base + "1.0.0", value);
-    return {older(oldForm, spec(data) + oldRange), older(".ranged." + type + "-1.0.0", oldRange, data),
-            newer(".ranged." + type + "-2.0.0", inlined(base + "2.0.0", value), data)};
+/// Demands that a parameter waits for these typeids and has these texts from V1 on; the last is its own.
+void expectWritten(const std::string& row, const std::set<std::string>& waitsFor, Texts texts) {
+    SCOPED_TRACE(row);
+    const std::string own = texts.back();
+    EXPECT_EQ(ParametersEngine().registerSchema(own).first, waitsFor);
+    const ParametersEngine fixture = parameterWorkshop();
+    const Parameter parameter = fixture.readParameter(own);
+    texts.resize(3);
+    ParametersEngine finished = fixture;
+    finished.registerParameter(parameter);
+    expectTextsOf("x", finished, texts);
+    EXPECT_EQ(fixture.getSchema(parameter), own);
+    if (!texts[0].empty()) {
+        EXPECT_EQ(fixture.getSchemaInCompatibleFormat(Version::V1, parameter), texts[0]);
+    }
 }
 
-Texts categorized(const std::string& oldSpec, const std::string& spec) {
-    const std::string base = "quovanta.talmo:parameter.categorized-";
-    const std::string category = R"(,{"id":"category","typedValue":{"typeid":"major"}})";
-    return {older(".reference-2.0.0", oldSpec),
-            shortForm("x", base + "1.0.0", R"({"id":"name","value":"N"})" + category, data(spec)),
-            fullForm("x", base + "2.0.0", R"({"id":"name","typeid":"String","value":"N"})" + category, data(spec))};
+/// The texts with "SPEC" and so on replaced by what a row of a table has for them.
+Texts filled(Texts texts, const Cases& replacements) {
+    for (std::string& text : texts) {
+        for (const auto& [word, replacement] : replacements) {
+            for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word)) {
+                text.replace(at, word.size(), replacement);
+            }
+        }
+    }
+    return texts;
 }
 
 TEST(ParameterSchemaTest, IsWrittenInEachVersionThatCanRepresentIt) {
-    const std::string members = R"(,{"id":"description","value":"D"},{"id":"sampleText","value":"\"S\""},)"
-                                R"({"id":"group","typedValue":{"typeid":"group"}},{"id":"readOnly","value":true})";
-    const std::string choice = R"({"id":"name","value":"N"},{"id":"spec","typeid":"choice","value":{}})";
-    const std::string ints = R"({"fromBottom":true,"bottomBoundary":-1,"fromTop":false,"topBoundary":7})";
-    const std::string floats = R"({"fromBottom":false,"bottomBoundary":0.0,"fromTop":true,"topBoundary":0.5})";
-    const std::vector<std::pair<std::set<std::string>, Texts>> forms = {
-        {{"Int64", "group", "ints"},
-         {older(".int64-3.0.0", members + spec("Int64") + range("ints")),
-          older(".ranged.int64-1.0.0", members + range("ints"), "Int64"),
-          R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
-          R"("inherits":["quovanta.parameter:parameter.ranged.int64-2.0.0"],"sealed":true,"constants":[)"
-          R"({"id":"name","typeid":"String","value":"N"},{"id":"description","typeid":"String","value":"D"},)"
-          R"({"id":"sampleText","typeid":"String","value":"\"S\""},{"id":"group","typedValue":{"typeid":"group"}},)"
-          R"({"id":"readOnly","typeid":"Bool","value":true},{"id":"range","typedValue":{"typeid":"ints"}}],)"
-          R"("properties":[{"id":"data","typeid":"Int64"}]})"}},
-        // The frame goes by the format of the range, the name by that of the spec.
-        {{"floats", "Float64"},
-         {older(".measurable-3.0.0", spec("Float64") + range("floats")),
-          older(".ranged.float64-1.0.0", range("floats"), "Float64"),
-          R"({"typeid":"x","inherits":["quovanta.parameter:parameter.ranged.float64-1.0.0"],"constants":[)"
-          R"({"id":"name","typeid":"String","value":"N"},{"id":"range","typedValue":{"typeid":"floats"}}],)"
-          R"("properties":[{"id":"data","typeid":"Float64"}]})"}},
-        {{"Bool"}, {older(".bool-2.0.0", spec("Bool")), older("-2.0.0", "", "Bool"), newer("-3.0.0", "", "Bool")}},
-        {{"Int64"}, ranged("int64", ".int64-3.0.0", "Int64", "int64.bounded.static-", ints)},
-        {{"Float64"}, ranged("float64", ".measurable-3.0.0", "Float64", "float64.bounded.static-", floats)},
-        {{"String"},
-         ranged("string", ".string-3.0.0", "String", "string.set.static-", R"({"allowedValues":["b",""]})")},
-        {{"quovanta.data:reference-1.0.0", "major"},
-         categorized(spec("quovanta.data:reference-1.0.0"), "quovanta.data:reference-1.0.0")},
-        {{"major", familyType + "2.0.0"}, categorized(ofMajor("1.0.0"), familyType + "2.0.0")},
-        {{"Thing"}, {"", "", newer("-3.0.0", "", "Thing")}},
-        {{"old"}, {older(".bool-2.0.0", spec("old")), older("-2.0.0", "", "old")}},
-        {{}, {older(".bool-2.0.0")}},
-        {{"ints"}, {older(".int64-3.0.0", range("ints"))}},
-        {{}, {older(".reference-2.0.0")}},
-        {{"major"}, {older(".reference-2.0.0", ofMajor("1.0.0"))}},
-        {{"major", familyType + "1.5.0"}, {older(".reference-2.0.0", ofMajor("1.5.0"))}},
-        {{}, {older(".string-3.0.0", inlined("string.regex-1.0.0", R"({"regex":"a+"})"))}},
-        {{"choice", "choices"},
-         {shortForm("x", "quovanta.parameter:parameter-2.0.0", choice, R"({"id":"value","typeid":"choices"})")}},
+    expectWritten("without a range", {"Bool"},
+                  {R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.bool-2.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":{"typeid":"Bool"}}]})",
+                   R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter-2.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"}],"properties":[{"id":"data","typeid":"Bool"}]})",
+                   R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+                   R"("inherits":["quovanta.parameter:parameter-3.0.0"],"sealed":true,)"
+                   R"("constants":[{"id":"name","typeid":"String","value":"N"}],)"
+                   R"("properties":[{"id":"data","typeid":"Bool"}]})"});
+    expectWritten("on a spec of the second data model", {"old"},
+                  {R"({"downgradedFrom":"2.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.bool-2.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":{"typeid":"old"}}]})",
+                   R"({"typeid":"x","inherits":["quovanta.parameter:parameter-2.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"}],"properties":[{"id":"data","typeid":"old"}]})"});
+    expectWritten("on a type that only the newest data model knows", {"Thing"},
+                  {"", "",
+                   R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+                   R"("inherits":["quovanta.parameter:parameter-3.0.0"],"sealed":true,)"
+                   R"("constants":[{"id":"name","typeid":"String","value":"N"}],)"
+                   R"("properties":[{"id":"data","typeid":"Thing"}]})"});
+    expectWritten(
+        "with all constants and a registered range", {"Int64", "group", "ints"},
+        {R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.int64-3.0.0"],)"
+         R"("constants":[{"id":"name","value":"N"},{"id":"description","value":"D"},)"
+         R"({"id":"sampleText","value":"\"S\""},{"id":"group","typedValue":{"typeid":"group"}},)"
+         R"({"id":"readOnly","value":true},{"id":"spec","typedValue":{"typeid":"Int64"}},)"
+         R"({"id":"range","typedValue":{"typeid":"ints"}}]})",
+         R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.ranged.int64-1.0.0"],)"
+         R"("constants":[{"id":"name","value":"N"},{"id":"description","value":"D"},)"
+         R"({"id":"sampleText","value":"\"S\""},{"id":"group","typedValue":{"typeid":"group"}},)"
+         R"({"id":"readOnly","value":true},{"id":"range","typedValue":{"typeid":"ints"}}],)"
+         R"("properties":[{"id":"data","typeid":"Int64"}]})",
+         R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+         R"("inherits":["quovanta.parameter:parameter.ranged.int64-2.0.0"],"sealed":true,"constants":[)"
+         R"({"id":"name","typeid":"String","value":"N"},{"id":"description","typeid":"String","value":"D"},)"
+         R"({"id":"sampleText","typeid":"String","value":"\"S\""},{"id":"group","typedValue":{"typeid":"group"}},)"
+         R"({"id":"readOnly","typeid":"Bool","value":true},{"id":"range","typedValue":{"typeid":"ints"}}],)"
+         R"("properties":[{"id":"data","typeid":"Int64"}]})"});
+    expectWritten(
+        "the frame goes by the format of the range, the name by that of the spec", {"floats", "Float64"},
+        {R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.measurable-3.0.0"],)"
+         R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":{"typeid":"Float64"}},)"
+         R"({"id":"range","typedValue":{"typeid":"floats"}}]})",
+         R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.ranged.float64-1.0.0"],)"
+         R"("constants":[{"id":"name","value":"N"},{"id":"range","typedValue":{"typeid":"floats"}}],)"
+         R"("properties":[{"id":"data","typeid":"Float64"}]})",
+         R"({"typeid":"x","inherits":["quovanta.parameter:parameter.ranged.float64-1.0.0"],)"
+         R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+         R"({"id":"range","typedValue":{"typeid":"floats"}}],"properties":[{"id":"data","typeid":"Float64"}]})"});
+}
+
+TEST(ParameterSchemaTest, IsWrittenWithItsInlineRange) {
+    const Texts texts = {
+        R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.OLDEST"],)"
+        R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":{"typeid":"SPEC"}},)"
+        R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.KIND.static-1.0.0","value":LIMITS}}]})",
+        R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.ranged.TYPE-1.0.0"],)"
+        R"("constants":[{"id":"name","value":"N"},)"
+        R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.KIND.static-1.0.0","value":LIMITS}}],)"
+        R"("properties":[{"id":"data","typeid":"SPEC"}]})",
+        R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+        R"("inherits":["quovanta.parameter:parameter.ranged.TYPE-2.0.0"],"sealed":true,)"
+        R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+        R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.KIND.static-2.0.0","value":LIMITS}}],)"
+        R"("properties":[{"id":"data","typeid":"SPEC"}]})"};
+    const std::string integers = R"({"fromBottom":true,"bottomBoundary":-1,"fromTop":false,"topBoundary":7})";
+    const std::string numbers = R"({"fromBottom":false,"bottomBoundary":0.0,"fromTop":true,"topBoundary":0.5})";
+    const struct {
+        std::string spec, oldest, type, kind, limits;
+    } rows[] = {{"Int64", "int64-3.0.0", "int64", "int64.bounded", integers},
+                {"Float64", "measurable-3.0.0", "float64", "float64.bounded", numbers},
+                {"String", "string-3.0.0", "string", "string.set", R"({"allowedValues":["b",""]})"}};
+    for (const auto& row : rows) {
+        const Cases words = {
+            {"OLDEST", row.oldest}, {"SPEC", row.spec}, {"TYPE", row.type}, {"KIND", row.kind}, {"LIMITS", row.limits}};
+        expectWritten(row.spec, {row.spec}, filled(texts, words));
+    }
+    expectWritten("a pattern on the string spec", {},
+                  {R"({"typeid":"x","inherits":["quovanta.parameter:parameter.string-3.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"},{"id":"range","typedValue":{)"
+                   R"("typeid":"quovanta.range:range.string.regex-1.0.0","value":{"regex":"a+"}}}]})"});
+}
+
+TEST(ParameterSchemaTest, IsWrittenWithItsCategory) {
+    const Texts texts = {
+        R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.reference-2.0.0"],)"
+        R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":OLDEST}]})",
+        R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.talmo:parameter.categorized-1.0.0"],)"
+        R"("constants":[{"id":"name","value":"N"},{"id":"category","typedValue":{"typeid":"major"}}],)"
+        R"("properties":[{"id":"data","typeid":"SPEC"}]})",
+        R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+        R"("inherits":["quovanta.talmo:parameter.categorized-2.0.0"],"sealed":true,)"
+        R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+        R"({"id":"category","typedValue":{"typeid":"major"}}],"properties":[{"id":"data","typeid":"SPEC"}]})"};
+    for (const auto& [spec, oldest] :
+         Cases{{"quovanta.data:reference-1.0.0", R"({"typeid":"quovanta.data:reference-1.0.0"})"},
+               {"quovanta.talmo.spec:familyType-2.0.0", // only major version 1 is of that time
+                R"({"typeid":"quovanta.talmo.spec:familyType-1.0.0","typedValue":{"category":{"typeid":"major"}}})"}}) {
+        const Cases words = {{"OLDEST", oldest}, {"SPEC", spec}};
+        expectWritten(spec, {spec, "major"}, filled(texts, words));
+    }
+}
+
+TEST(ParameterSchemaTest, IsWrittenOnASpecOfTheOldestDataModel) {
+    expectWritten("the Boolean spec, which needs no constant", {},
+                  {R"({"typeid":"x","inherits":["quovanta.parameter:parameter.bool-2.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"}]})"});
+    expectWritten("the integer spec", {"ints"},
+                  {R"({"typeid":"x","inherits":["quovanta.parameter:parameter.int64-3.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"},{"id":"range","typedValue":{"typeid":"ints"}}]})"});
+    expectWritten("the reference spec", {},
+                  {R"({"typeid":"x","inherits":["quovanta.parameter:parameter.reference-2.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"}]})"});
+    expectWritten(
+        "the family type", {"major"},
+        {R"({"typeid":"x","inherits":["quovanta.parameter:parameter.reference-2.0.0"],)"
+         R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":{)"
+         R"("typeid":"quovanta.talmo.spec:familyType-1.0.0","typedValue":{"category":{"typeid":"major"}}}}]})"});
+    expectWritten(
+        "another family type of its major version", {"major", "quovanta.talmo.spec:familyType-1.5.0"},
+        {R"({"typeid":"x","inherits":["quovanta.parameter:parameter.reference-2.0.0"],)"
+         R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":{)"
+         R"("typeid":"quovanta.talmo.spec:familyType-1.5.0","typedValue":{"category":{"typeid":"major"}}}}]})"});
+    expectWritten("a general spec, with an enumeration", {"choice", "choices"},
+                  {R"({"typeid":"x","inherits":["quovanta.parameter:parameter-2.0.0"],)"
+                   R"("constants":[{"id":"name","value":"N"},{"id":"spec","typeid":"choice","value":{}}],)"
+                   R"("properties":[{"id":"value","typeid":"choices"}]})"});
+}
+
+TEST(ParameterSchemaTest, HasTheDefaultGroupOfItsFormatIfItNamesNone) {
+    const std::string otherVersion = "acme.quovanta.parameter:group-9";
+    const struct {
+        std::string text, typeId;
+        Format format;
+    } rows[] = {
+        {older("-2", "", "Bool"), "quovanta.parameter:group-1.0.0", Format::PropertySets},
+        {newer("-3", "", "Bool"), "quovanta.parameter:group-2.0.0", Format::LumarDataSchema},
+        {older("-2", "," + reference("group", "quovanta.parameter:group-2.0.0"), "Bool"),
+         "quovanta.parameter:group-2.0.0", Format::LumarDataSchema},
+        {newer("-3", "," + reference("group", otherVersion), "Bool"), otherVersion, Format::PropertySets},
     };
-    const ParametersEngine engine = parameterWorkshop();
-    for (auto [missing, texts] : forms) {
-        const std::string own = texts.back(), ownVersion = std::to_string(texts.size()) + ".0.0";
-        SCOPED_TRACE(own);
-        EXPECT_EQ(ParametersEngine().registerSchema(own).first, missing);
-        const Parameter parameter = engine.readParameter(own);
-        for (std::string& text : texts) {
-            text = text == own || text.empty() ? text : downgraded(text, ownVersion);
-        }
-        texts.resize(3);
-        ParametersEngine finished = engine;
-        finished.registerParameter(parameter);
-        expectTextsOf("x", finished, texts);
-        EXPECT_EQ(engine.getSchema(parameter), own);
-        if (!texts[0].empty()) {
-            EXPECT_EQ(engine.getSchemaInCompatibleFormat(Version::V1, parameter), texts[0]);
-        }
+    ParametersEngine fixture = parameterWorkshop();
+    fixture.registerGroup(Taxon(otherVersion, "Own", Format::LumarDataSchema));
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        const Taxon group = fixture.readParameter(row.text).getGroup();
+        EXPECT_EQ(group.getTypeId(), row.typeId);
+        EXPECT_EQ(group.getName(), "Other");
+        EXPECT_EQ(group.getSchemaFormat(), row.format);
     }
 }
 
 TEST(ParameterSchemaTest, IgnoresWhatItsFormDoesNotHaveAndTakesTheBaseOfItsFormat) {
-    const std::string constants =
-        R"(,{"id":"description","typedValue":0,"value":""},{"id":"readOnly","value":false},)"
-        R"({"id":"group","value":{"typeid":"acme.quovanta.parameter:group-9"}},{"id":"spec","value":5})";
-    const std::string text =
-        newer(" quovanta.parameter:parameter.ranged.int64-9",
-              constants + inlined("int64.bounded.static-1.0.0", R"({"fromBottom":false,"fromTop":true})"), "Int64");
-    const std::string whole = R"({"fromBottom":false,"bottomBoundary":0,"fromTop":true,"topBoundary":0})";
-    const ParametersEngine engine = parameterWorkshop();
-    EXPECT_EQ(engine.getSchema(engine.readParameter(text)),
-              newer(".ranged.int64-2.0.0", inlined("int64.bounded.static-2.0.0", whole), "Int64"));
+    const ParametersEngine fixture = parameterWorkshop();
+    const Parameter parameter = fixture.readParameter(
+        R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+        R"("inherits":["quovanta.parameter:parameter quovanta.parameter:parameter.ranged.int64-9"],"sealed":true,)"
+        R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+        R"({"id":"description","typedValue":0,"value":""},{"id":"readOnly","value":false},)"
+        R"({"id":"group","value":{"typeid":"acme.quovanta.parameter:group-9"}},{"id":"spec","value":5},)"
+        R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.int64.bounded.static-1.0.0",)"
+        R"("value":{"fromBottom":false,"fromTop":true}}}],"properties":[{"id":"data","typeid":"Int64"}]})");
+    EXPECT_EQ(fixture.getSchema(parameter),
+              R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+              R"("inherits":["quovanta.parameter:parameter.ranged.int64-2.0.0"],"sealed":true,)"
+              R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+              R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.int64.bounded.static-2.0.0",)"
+              R"("value":{"fromBottom":false,"bottomBoundary":0,"fromTop":true,"topBoundary":0}}}],)"
+              R"("properties":[{"id":"data","typeid":"Int64"}]})");
 }
 
+// Each document has the faults of later rows as well where its form allows, so that the rows show which comes first.
 TEST(ParameterSchemaTest, ReportsItsFirstFault) {
-    const std::string missing = " in schema x is missing or does not represent an object of the expected type.";
-    const std::string ints = "quovanta.range:range.int64.bounded.static-2.0.0";
-    const std::string ofRange = "Inline value override for range schema ";
-    const std::string empty = " in range constant typedValue, if present, must be an empty object.";
+    const std::string intRange = "quovanta.range:range.int64.bounded.static-2.0.0";
+    const std::string legacyIntRange = "quovanta.range:range.int64.bounded.static-1.0.0";
+    const std::string stringSet = "quovanta.range:range.string.set.static-2.0.0";
+    const std::string referenceSpec = "quovanta.spec:spec.reference-1.0.0";
+    const std::string categoryAsGroup = reference("group", "m");
+    const std::string disciplineAsRange = reference("range", "d"), domainAsSpec = reference("spec", "o");
+    // With a comma before the constants, which stand behind the name.
     expectRefused({
-        {older(".measurable-3", range("")), "Schema x has an undefined spec constant."},
-        {older(".ranged.float64-1", range("")), "Expected a non-empty string."},
-        {older(".int64-3", typed("range", "r", R"("value":5)")), ofRange + "r" + empty},
-        {older(".int64-3", typed("range", ints, R"("value":{"a":0})")), ofRange + ints + empty},
-        {older(".int64-3", inlined("int64.bounded.static-1.0.0", R"({"fromTop":5})")),
+        {older(".measurable-3", "," + reference("range", "")), "Schema x has an undefined spec constant."},
+        {older(".ranged.float64-1", "," + reference("range", "")), "Expected a non-empty string."},
+        {older(".int64-3", "," + overridden("range", "own", R"("value":5)")),
+         "Inline value override for range schema own in range constant typedValue, if present, must be an empty "
+         "object."},
+        {older(".int64-3", "," + overridden("range", intRange, R"("value":{"a":0})")),
+         "Inline value override for range schema quovanta.range:range.int64.bounded.static-2.0.0 in range constant "
+         "typedValue, if present, must be an empty object."},
+        {older(".int64-3", "," + overridden("range", legacyIntRange, R"("value":{"fromTop":5})")),
          "Inline value override in range constant typedValue must specify a Boolean value for constant fromBottom."},
-        {older(".string-3", inlined("string.set.static-2.0.0", R"({"allowedValues":[]})")),
+        {older(".string-3", "," + overridden("range", stringSet, R"("value":{"allowedValues":[]})")),
          "Inline value override in range constant typedValue must specify a non-empty array of unique string values "
          "for constant allowedValues."},
-        {older(".reference-2", spec(familyType + "2.0.0")),
+        {older(".reference-2", "," + reference("spec", "quovanta.talmo.spec:familyType-2.0.0")),
          "Reference parameter schema may use only major version 1 of the family type base spec."},
-        {older(".int64-3", "," + reference("group", "m") + range("d") + spec("o")), "Dependency m" + missing},
-        {older(".int64-3", range("d") + spec("o")), "Dependency d" + missing},
-        {older(".bool-2", spec("o")), "Dependency o" + missing},
+        {older(".reference-2", "," + overridden("spec", referenceSpec, R"("value":{})")),
+         "Inline value override for spec quovanta.spec:spec.reference-1.0.0 is not permitted."},
+        {older(".reference-2", "," + overridden("spec", "own", R"("typedValue":{"category":{"typeid":"m"}})")),
+         "Inline value override for spec own is not permitted."},
+        {older(".int64-3", "," + listed({categoryAsGroup, disciplineAsRange, domainAsSpec})),
+         "Dependency m in schema x is missing or does not represent an object of the expected type."},
+        {older(".int64-3", "," + listed({disciplineAsRange, domainAsSpec})),
+         "Dependency d in schema x is missing or does not represent an object of the expected type."},
+        {older(".bool-2", "," + domainAsSpec),
+         "Dependency o in schema x is missing or does not represent an object of the expected type."},
     });
 }
 
