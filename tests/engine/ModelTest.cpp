@@ -1,24 +1,43 @@
 #include "support/ParameterDocuments.h"
 
+#include <algorithm>
 #include <array>
+#include <bitset>
+#include <iterator>
 #include <random>
 
 namespace Parameters {
 namespace {
 
-/// A set of items, one bit for each.
-using Mask = unsigned long long;
+/// A set of items, by their index.
+using ItemSet = std::bitset<64>;
 
 struct Item {
     std::string typeId;
     std::string text;
-    Mask references, dependencies;
+    ItemSet references, dependencies;
 };
 
 /// What an engine should know, and what resolution needs.
 struct Model {
-    Mask finished = 0, pending = 0, imported = 0, needed = 0;
+    ItemSet finished, pending, imported, needed;
+
+    [[nodiscard]] ItemSet known() const { return finished | pending | imported; }
 };
+
+enum class Operation { RegisterWithContext, RegisterSchema, RegisterObject, Resolve, RegisterBrokenText, Replace };
+
+/// How often an operation comes up: for the numbers from that of the row before to below its own, of twelve.
+constexpr struct {
+    Operation operation;
+    const char* name;
+    unsigned below;
+} choices[] = {{Operation::RegisterWithContext, "registerSchemaWithContext()", 3},
+               {Operation::RegisterSchema, "registerSchema()", 7},
+               {Operation::RegisterObject, "registration of the object", 9},
+               {Operation::Resolve, "resolveSchemas()", 10},
+               {Operation::RegisterBrokenText, "registerSchema() with a broken text", 11},
+               {Operation::Replace, "replacement by another engine or a new one", 12}};
 
 TEST(ModelTest, KnowsWhatAModelKnowsWhateverIsDone) {
     ParametersEngine source = parameterWorkshop();
@@ -26,64 +45,79 @@ TEST(ModelTest, KnowsWhatAModelKnowsWhateverIsDone) {
                               source.getCategory("s"), "", "", false});
     auto objects = objectsIn(source);
     objects.erase("distance"); // for the sake of its unit
-    const auto maskOf = [&](const auto& typeIds) {
-        Mask mask = 0;
+    const auto itemsOf = [&](const auto& typeIds) {
+        ItemSet items;
         for (const std::string& typeId : typeIds) {
-            mask |= Mask(1) << std::distance(objects.begin(), objects.find(typeId));
+            items.set(static_cast<std::size_t>(std::distance(objects.begin(), objects.find(typeId))));
         }
-        return mask;
+        return items;
     };
     std::vector<Item> items;
     for (const auto& [typeId, add] : objects) {
         const std::string text = source.getSchema(typeId);
         const auto references = ParametersEngine().registerSchema(text).first;
-        items.push_back({typeId, text, maskOf(references), maskOf(source.getDependencies(typeId))});
+        items.push_back({typeId, text, itemsOf(references), itemsOf(source.getDependencies(typeId))});
     }
 
     std::array<ParametersEngine, 3> engines;
     std::array<Model, 3> models;
     std::mt19937 random(1);
     for (std::size_t step = 0; step < 4000 && !HasFailure(); ++step) {
-        const std::size_t operation = random() % 12, index = random() % items.size(), other = random() % 3;
-        SCOPED_TRACE("step " + std::to_string(step) + ", operation " + std::to_string(operation));
+        const std::size_t number = random() % 12, index = random() % items.size(), other = random() % 3;
+        const auto& choice = *std::find_if(std::begin(choices), std::end(choices),
+                                           [&](const auto& candidate) { return number < candidate.below; });
+        SCOPED_TRACE("step " + std::to_string(step) + ", " + choice.name);
         const Item& item = items[index];
-        const Mask bit = Mask(1) << index;
         ParametersEngine& engine = engines[step % 3];
         Model& model = models[step % 3];
         const Model context = models[other];
-        const Mask known = model.finished | model.pending | model.imported;
-        const bool isNew = ((model.finished | model.pending) & bit) == 0;
+        const ItemSet known = model.known();
+        const bool isNew = !model.finished.test(index) && !model.pending.test(index);
+        const auto takeIn = [&](const ItemSet& imported) {
+            model.imported |= imported;
+            if (isNew) {
+                model.pending.set(index);
+                model.needed |= item.references;
+            }
+        };
         bool expected = false, succeeds = true;
         try {
-            if (operation < 7) {
-                const bool imports = operation < 3;
-                const Mask lacking = item.references & ~known;
-                const Mask wanted = imports ? lacking & (context.finished | context.pending | context.imported) : 0;
-                expected = isNew && (wanted & ~context.finished) == 0;
-                model.pending |= isNew ? bit : 0;
-                model.needed |= isNew ? item.references : 0;
+            switch (choice.operation) {
+            case Operation::RegisterWithContext: {
+                const ItemSet lacking = item.references & ~known, wanted = lacking & context.known();
+                expected = isNew && (wanted & ~context.finished).none();
+                ItemSet imported = expected ? wanted : ItemSet();
                 for (std::size_t next = 0; expected && next < items.size(); ++next) {
-                    const bool isWanted = (wanted >> next & 1) != 0;
-                    model.imported |= isWanted ? (Mask(1) << next | items[next].dependencies) & ~(known | bit) : 0;
+                    imported |= wanted.test(next) ? items[next].dependencies : ItemSet();
                 }
-                EXPECT_EQ(maskOf(imports ? engine.registerSchemaWithContext(item.text, engines[other])
-                                         : engine.registerSchema(item.text).first),
-                          lacking & ~wanted);
-            } else if (operation < 9) {
-                expected = isNew && (item.references & ~model.finished) == 0;
-                model.finished |= expected ? bit : 0;
+                takeIn(imported.reset(index) & ~known);
+                EXPECT_EQ(itemsOf(engine.registerSchemaWithContext(item.text, engines[other])), lacking & ~wanted);
+                break;
+            }
+            case Operation::RegisterSchema:
+                expected = isNew;
+                takeIn({});
+                EXPECT_EQ(itemsOf(engine.registerSchema(item.text).first), item.references & ~known);
+                break;
+            case Operation::RegisterObject:
+                expected = isNew && (item.references & ~model.finished).none();
+                model.finished.set(index, expected || model.finished.test(index));
                 objects.at(item.typeId)(engine);
-            } else if (operation == 9) {
-                expected = (model.needed & ~known) == 0;
-                model = {expected ? known : model.finished};
+                break;
+            case Operation::Resolve:
+                expected = (model.needed & ~known).none();
+                model = {expected ? known : model.finished, {}, {}, {}};
                 engine.resolveSchemas();
-            } else if (operation == 10) {
+                break;
+            case Operation::RegisterBrokenText:
                 engine.registerSchema(item.text.substr(1));
-            } else {
+                break;
+            case Operation::Replace:
                 expected = true;
                 const bool isReset = random() % 3 == 0;
                 engine = isReset ? ParametersEngine() : engines[other];
                 model = isReset ? Model() : context;
+                break;
             }
         } catch (const std::logic_error&) {
             succeeds = false;
@@ -92,12 +126,11 @@ TEST(ModelTest, KnowsWhatAModelKnowsWhateverIsDone) {
         const auto finished = objectsIn(engine);
         for (std::size_t next = 0; next < items.size(); ++next) {
             const std::string& typeId = items[next].typeId;
-            const Mask all = model.finished | model.pending | model.imported;
-            EXPECT_EQ(engine.isRegistered(typeId), (all >> next & 1) != 0) << typeId;
-            EXPECT_EQ(finished.count(typeId), model.finished >> next & 1) << typeId;
+            EXPECT_EQ(engine.isRegistered(typeId), model.known().test(next)) << typeId;
+            EXPECT_EQ(finished.count(typeId) != 0, model.finished.test(next)) << typeId;
         }
         if (finished.count(item.typeId) != 0) {
-            EXPECT_EQ(maskOf(engine.getDependencies(item.typeId)), item.dependencies);
+            EXPECT_EQ(itemsOf(engine.getDependencies(item.typeId)), item.dependencies);
         }
     }
 }
