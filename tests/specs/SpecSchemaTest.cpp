@@ -115,12 +115,9 @@ TEST(SpecSchemaTest, IsWrittenInEachVersionThatCanRepresentItsValueType) {
     specs.expectTexts(general, {general, "", ""});
     for (const std::string type : {R"("anyOf":[{"typeid":"a"}])", R"("context":"map","typeid":"Bool")",
                                    R"("context":"array","oneOf":[{"typeid":"b"},{"typeid":"a"},{"typeid":"b"}])"}) {
-        const std::string newest = R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component",)"
-                                   R"("typeid":"x","inherits":["quovanta.spec:spec-2.0.0"],"sealed":true,)"
-                                   R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
-                                   R"({"id":"discipline","typedValue":{"typeid":"d"}}],)"
-                                   R"("properties":[{"id":"value",)" +
-                                   type + "}]}";
+        const std::string newest =
+            fullForm("x", "quovanta.spec:spec-2.0.0", R"({"id":"name","typeid":"String","value":"N"},)" + ownDiscipline,
+                     valueProperty(type));
         specs.expectTexts(newest, {"", "", newest});
     }
 }
@@ -128,19 +125,13 @@ TEST(SpecSchemaTest, IsWrittenInEachVersionThatCanRepresentItsValueType) {
 TEST(SpecSchemaTest, IsWrittenWithItsUnits) {
     const std::string plain = R"({"typeid":"x","inherits":["quovanta.spec:spec.measurable-2.0.0"],"constants":[)"
                               R"({"id":"name","value":"N"},{"id":"storageUnit","typedValue":{"typeid":"metre"}}]})";
-    const std::string behindName = R"({"id":"discipline","typedValue":{"typeid":"d"}},)"
+    const std::string behindName = R"(,{"id":"discipline","typedValue":{"typeid":"d"}},)"
                                    R"({"id":"applicableUnits","typedValue":[{"typeid":"metre"},{"typeid":"inch"}]},)"
-                                   R"({"id":"storageUnit","typedValue":{"typeid":"metre"}}]})";
-    const std::string oldest = R"({"typeid":"x","inherits":["quovanta.spec:spec.measurable-2.0.0"],"constants":[)"
-                               R"({"id":"name","value":"N"},)" +
-                               behindName;
-    const std::string current = R"({"typeid":"x","inherits":["quovanta.spec:spec.measurable-2.1.0"],"constants":[)"
-                                R"({"id":"name","value":"N"},)" +
-                                behindName;
-    const std::string full = R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component",)"
-                             R"("typeid":"x","inherits":["quovanta.spec:spec.measurable-3.0.0"],"sealed":true,)"
-                             R"("constants":[{"id":"name","typeid":"String","value":"N"},)" +
-                             behindName;
+                                   R"({"id":"storageUnit","typedValue":{"typeid":"metre"}})";
+    const std::string oldest = shortForm("x", "quovanta.spec:spec.measurable-2.0.0", name + behindName);
+    const std::string current = shortForm("x", "quovanta.spec:spec.measurable-2.1.0", name + behindName);
+    const std::string full = fullForm("x", "quovanta.spec:spec.measurable-3.0.0",
+                                      R"({"id":"name","typeid":"String","value":"N"})" + behindName);
     specs.expectTexts(plain, {plain, "", ""});
     specs.expectTexts(current, {downgraded(oldest, "2.0.0"), current, ""});
     specs.expectTexts(full, {downgraded(oldest), downgraded(current), full});
@@ -172,30 +163,26 @@ TEST(SpecSchemaTest, HasTheDefaultDisciplineOfItsFormatIfItNamesNone) {
 TEST(SpecSchemaTest, GoesBackAsFarAsItsNamesAllow) {
     const Taxon common = ParametersEngine().getDiscipline("quovanta.spec:discipline-1.0.0");
     ParametersEngine engine;
-    const auto expectRange = [&](std::pair<Version, Version> range, const std::string& typeId,
-                                 const std::vector<ValueTypeId>& types, Format format = Format::LumarDataSchema) {
-        for (const ValueTypeId& type : types) {
-            const auto* named = std::get_if<std::string>(&type);
-            const std::string unique = typeId + (named == nullptr ? "" : *named);
-            engine.registerSpec({unique, "N", type, {}, format, common});
-            EXPECT_EQ(engine.getCompatibleDataModelRange(unique), range) << unique;
+    const auto expectLowest = [&](Version lowest, const std::string& typeId, const Texts& types) {
+        for (const std::string& type : types) {
+            engine.registerSpec({typeId + type, "N", type, {}, Format::LumarDataSchema, common});
+            EXPECT_EQ(engine.getCompatibleDataModelRange(typeId + type), std::pair(lowest, Version::V3))
+                << typeId << type;
         }
     };
-    const std::pair all(Version::V1, Version::V3), notOldest(Version::V2, Version::V3);
-    const std::pair newest(Version::V3, Version::V3), oldest(Version::V1, Version::V1);
-    using Names = std::vector<ValueTypeId>;
-    expectRange(all, "x", Names{"Bool", "Int64", "Float64", "Reference", "String", "quovanta.data:reference-9"});
-    expectRange(notOldest, "x",
-                Names{"acme.quovanta.data:reference-1.0.0", "BinaryProperty", "Enum", "Float32", "Int8", "Int16",
-                      "Int32", "NamedProperty", "NodeProperty", "RelationshipProperty", "Uint8", "Uint16", "Uint32",
-                      "Uint64", "Reference<"});
-    expectRange(newest, "x", Names{"", "bool", "General", "Float", "Reference ", "xReference<a>"});
+    expectLowest(Version::V1, "x", {"Bool", "Int64", "Float64", "Reference", "String", "quovanta.data:reference-9"});
+    expectLowest(Version::V2, "x",
+                 {"acme.quovanta.data:reference-1.0.0", "BinaryProperty", "Enum", "Float32", "Int8", "Int16", "Int32",
+                  "NamedProperty", "NodeProperty", "RelationshipProperty", "Uint8", "Uint16", "Uint32", "Uint64",
+                  "Reference<"});
+    expectLowest(Version::V3, "x", {"", "bool", "General", "Float", "Reference ", "xReference<a>"});
     for (const std::string family : {"quovanta.spec:spec.bool-1.", "quovanta.spec:spec.int64-2.",
                                      "quovanta.spec:spec.reference-1.", "quovanta.spec:spec.string-2."}) {
-        expectRange(notOldest, family, Names{"Bool"});
-        expectRange(all, "acme." + family, Names{"Bool"});
-        // There is no other version to prefer for a spec of the oldest data model alone.
-        expectRange(oldest, family + "1", {LegacyPrimitiveType::Boolean}, Format::PropertySets);
+        expectLowest(Version::V2, family, {"Bool"});
+        expectLowest(Version::V1, "acme." + family, {"Bool"});
+        // One of the oldest data model alone has no later version to begin at.
+        engine.registerSpec({family + "1", "N", LegacyPrimitiveType::Boolean, {}, Format::PropertySets, common});
+        EXPECT_EQ(engine.getCompatibleDataModelRange(family + "1"), std::pair(Version::V1, Version::V1)) << family;
     }
 }
 

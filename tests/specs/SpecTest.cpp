@@ -20,18 +20,15 @@ TEST(DefaultsTest, AreWhatTheOldestDataModelHad) {
     using namespace Defaults;
     EXPECT_EQ(CreateDefaultDiscipline(full).getTypeId(), "quovanta.spec:discipline-2.0.0");
     EXPECT_EQ(CreateDefaultGroup(full).getTypeId(), "quovanta.parameter:group-2.0.0");
-    const struct {
-        Spec spec;
-        std::string name;
-        Type type;
-    } rows[] = {{CreateLegacyBooleanBaseSpec(), "Yes/No", Type::Boolean},
-                {CreateLegacyIntegerBaseSpec(), "Integer", Type::Integer},
-                {CreateLegacyStringBaseSpec(), "Text", Type::String},
-                {CreateLegacyReferenceBaseSpec(), "Reference", Type::Reference},
-                {CreateLegacyFamilyTypeBaseSpec(), "Family Type", Type::Reference}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.spec.getName(), row.name);
-        EXPECT_EQ(std::get<Type>(row.spec.getValueTypeId()), row.type) << row.name;
+    const std::tuple<Spec, std::string, Type> rows[] = {
+        {CreateLegacyBooleanBaseSpec(), "Yes/No", Type::Boolean},
+        {CreateLegacyIntegerBaseSpec(), "Integer", Type::Integer},
+        {CreateLegacyStringBaseSpec(), "Text", Type::String},
+        {CreateLegacyReferenceBaseSpec(), "Reference", Type::Reference},
+        {CreateLegacyFamilyTypeBaseSpec(), "Family Type", Type::Reference}};
+    for (const auto& [spec, name, type] : rows) {
+        EXPECT_EQ(spec.getName(), name);
+        EXPECT_EQ(std::get<Type>(spec.getValueTypeId()), type) << name;
     }
 }
 
