@@ -148,6 +148,8 @@ TEST(ParameterSchemaTest, IsWrittenWithItsCategory) {
 
 TEST(ParameterSchemaTest, IsWrittenOnASpecOfTheOldestDataModel) {
     expectWritten("the Boolean spec, which needs no constant", {}, {older(".bool-2.0.0")});
+    expectWritten("another Boolean spec of its family", {"quovanta.spec:spec.bool-1.0.1"},
+                  {older(".bool-2.0.0", R"(,{"id":"spec","typedValue":{"typeid":"quovanta.spec:spec.bool-1.0.1"}})")});
     expectWritten("the integer spec", {"ints"},
                   {older(".int64-3.0.0", R"(,{"id":"range","typedValue":{"typeid":"ints"}})")});
     expectWritten("the reference spec", {}, {older(".reference-2.0.0")});

@@ -51,6 +51,7 @@ inline ParametersEngine parameterWorkshop() {
         addSpec(type, type, full);
     }
     addSpec("old", "Bool", old);
+    addSpec("quovanta.spec:spec.bool-1.0.1", LegacyPrimitiveType::Boolean, old);
     addSpec("choice", LegacyPrimitiveType::General, old);
     addSpec("quovanta.talmo.spec:familyType-1.5.0", LegacyPrimitiveType::Reference, old);
     addSpec("quovanta.talmo.spec:familyType-2.0.0", "quovanta.data:reference-1.0.0", full);
