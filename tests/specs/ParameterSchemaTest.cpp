@@ -7,9 +7,6 @@ namespace {
 
 using namespace Documents;
 
-const std::string fullStart =
-    R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)";
-
 /// A constant that refers to a schema and overrides what stands there.
 std::string overridden(const std::string& id, const std::string& typeId, const std::string& override) {
     return R"({"id":")" + id + R"(","typedValue":{"typeid":")" + typeId + "\"," + override + "}}";
@@ -50,9 +47,10 @@ TEST(ParameterSchemaTest, IsWrittenInEachVersionThatCanRepresentIt) {
                    R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":{"typeid":"Bool"}}]})",
                    R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter-2.0.0"],)"
                    R"("constants":[{"id":"name","value":"N"}],"properties":[{"id":"data","typeid":"Bool"}]})",
-                   fullStart + R"("inherits":["quovanta.parameter:parameter-3.0.0"],"sealed":true,)"
-                               R"("constants":[{"id":"name","typeid":"String","value":"N"}],)"
-                               R"("properties":[{"id":"data","typeid":"Bool"}]})"});
+                   R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+                   R"("inherits":["quovanta.parameter:parameter-3.0.0"],"sealed":true,)"
+                   R"("constants":[{"id":"name","typeid":"String","value":"N"}],)"
+                   R"("properties":[{"id":"data","typeid":"Bool"}]})"});
     expectWritten("on a spec of the second data model", {"old"},
                   {R"({"downgradedFrom":"2.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.bool-2.0.0"],)"
                    R"("constants":[{"id":"name","value":"N"},{"id":"spec","typedValue":{"typeid":"old"}}]})",
@@ -60,9 +58,10 @@ TEST(ParameterSchemaTest, IsWrittenInEachVersionThatCanRepresentIt) {
                    R"("constants":[{"id":"name","value":"N"}],"properties":[{"id":"data","typeid":"old"}]})"});
     expectWritten("on a type that only the newest data model knows", {"Thing"},
                   {"", "",
-                   fullStart + R"("inherits":["quovanta.parameter:parameter-3.0.0"],"sealed":true,)"
-                               R"("constants":[{"id":"name","typeid":"String","value":"N"}],)"
-                               R"("properties":[{"id":"data","typeid":"Thing"}]})"});
+                   R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+                   R"("inherits":["quovanta.parameter:parameter-3.0.0"],"sealed":true,)"
+                   R"("constants":[{"id":"name","typeid":"String","value":"N"}],)"
+                   R"("properties":[{"id":"data","typeid":"Thing"}]})"});
     expectWritten(
         "with all constants and a registered range", {"Int64", "group", "ints"},
         {R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.int64-3.0.0"],)"
@@ -75,12 +74,12 @@ TEST(ParameterSchemaTest, IsWrittenInEachVersionThatCanRepresentIt) {
          R"({"id":"sampleText","value":"\"S\""},{"id":"group","typedValue":{"typeid":"group"}},)"
          R"({"id":"readOnly","value":true},{"id":"range","typedValue":{"typeid":"ints"}}],)"
          R"("properties":[{"id":"data","typeid":"Int64"}]})",
-         fullStart +
-             R"("inherits":["quovanta.parameter:parameter.ranged.int64-2.0.0"],"sealed":true,"constants":[)"
-             R"({"id":"name","typeid":"String","value":"N"},{"id":"description","typeid":"String","value":"D"},)"
-             R"({"id":"sampleText","typeid":"String","value":"\"S\""},{"id":"group","typedValue":{"typeid":"group"}},)"
-             R"({"id":"readOnly","typeid":"Bool","value":true},{"id":"range","typedValue":{"typeid":"ints"}}],)"
-             R"("properties":[{"id":"data","typeid":"Int64"}]})"});
+         R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+         R"("inherits":["quovanta.parameter:parameter.ranged.int64-2.0.0"],"sealed":true,"constants":[)"
+         R"({"id":"name","typeid":"String","value":"N"},{"id":"description","typeid":"String","value":"D"},)"
+         R"({"id":"sampleText","typeid":"String","value":"\"S\""},{"id":"group","typedValue":{"typeid":"group"}},)"
+         R"({"id":"readOnly","typeid":"Bool","value":true},{"id":"range","typedValue":{"typeid":"ints"}}],)"
+         R"("properties":[{"id":"data","typeid":"Int64"}]})"});
     expectWritten(
         "the frame goes by the format of the range, the name by that of the spec", {"floats", "Float64"},
         {R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.parameter:parameter.measurable-3.0.0"],)"
@@ -103,11 +102,11 @@ TEST(ParameterSchemaTest, IsWrittenWithItsInlineRange) {
         R"("constants":[{"id":"name","value":"N"},)"
         R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.KIND.static-1.0.0","value":LIMITS}}],)"
         R"("properties":[{"id":"data","typeid":"SPEC"}]})",
-        fullStart +
-            R"("inherits":["quovanta.parameter:parameter.ranged.TYPE-2.0.0"],"sealed":true,)"
-            R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
-            R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.KIND.static-2.0.0","value":LIMITS}}],)"
-            R"("properties":[{"id":"data","typeid":"SPEC"}]})"};
+        R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+        R"("inherits":["quovanta.parameter:parameter.ranged.TYPE-2.0.0"],"sealed":true,)"
+        R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+        R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.KIND.static-2.0.0","value":LIMITS}}],)"
+        R"("properties":[{"id":"data","typeid":"SPEC"}]})"};
     const std::string integers = R"({"fromBottom":true,"bottomBoundary":-1,"fromTop":false,"topBoundary":7})";
     const std::string numbers = R"({"fromBottom":false,"bottomBoundary":0.0,"fromTop":true,"topBoundary":0.5})";
     const struct {
@@ -133,10 +132,10 @@ TEST(ParameterSchemaTest, IsWrittenWithItsCategory) {
         R"({"downgradedFrom":"3.0.0","typeid":"x","inherits":["quovanta.talmo:parameter.categorized-1.0.0"],)"
         R"("constants":[{"id":"name","value":"N"},{"id":"category","typedValue":{"typeid":"major"}}],)"
         R"("properties":[{"id":"data","typeid":"SPEC"}]})",
-        fullStart +
-            R"("inherits":["quovanta.talmo:parameter.categorized-2.0.0"],"sealed":true,)"
-            R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
-            R"({"id":"category","typedValue":{"typeid":"major"}}],"properties":[{"id":"data","typeid":"SPEC"}]})"};
+        R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+        R"("inherits":["quovanta.talmo:parameter.categorized-2.0.0"],"sealed":true,)"
+        R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+        R"({"id":"category","typedValue":{"typeid":"major"}}],"properties":[{"id":"data","typeid":"SPEC"}]})"};
     for (const auto& [spec, oldest] :
          Cases{{"quovanta.data:reference-1.0.0", R"({"typeid":"quovanta.data:reference-1.0.0"})"},
                {"quovanta.talmo.spec:familyType-2.0.0", // only major version 1 is of that time
@@ -195,7 +194,7 @@ TEST(ParameterSchemaTest, HasTheDefaultGroupOfItsFormatIfItNamesNone) {
 TEST(ParameterSchemaTest, IgnoresWhatItsFormDoesNotHaveAndTakesTheBaseOfItsFormat) {
     const ParametersEngine fixture = parameterWorkshop();
     const Parameter parameter = fixture.readParameter(
-        fullStart +
+        R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
         R"("inherits":["quovanta.parameter:parameter quovanta.parameter:parameter.ranged.int64-9"],"sealed":true,)"
         R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
         R"({"id":"description","typedValue":0,"value":""},{"id":"readOnly","value":false},)"
@@ -203,11 +202,12 @@ TEST(ParameterSchemaTest, IgnoresWhatItsFormDoesNotHaveAndTakesTheBaseOfItsForma
         R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.int64.bounded.static-1.0.0",)"
         R"("value":{"fromBottom":false,"fromTop":true}}}],"properties":[{"id":"data","typeid":"Int64"}]})");
     EXPECT_EQ(fixture.getSchema(parameter),
-              fullStart + R"("inherits":["quovanta.parameter:parameter.ranged.int64-2.0.0"],"sealed":true,)"
-                          R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
-                          R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.int64.bounded.static-2.0.0",)"
-                          R"("value":{"fromBottom":false,"bottomBoundary":0,"fromTop":true,"topBoundary":0}}}],)"
-                          R"("properties":[{"id":"data","typeid":"Int64"}]})");
+              R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
+              R"("inherits":["quovanta.parameter:parameter.ranged.int64-2.0.0"],"sealed":true,)"
+              R"("constants":[{"id":"name","typeid":"String","value":"N"},)"
+              R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.int64.bounded.static-2.0.0",)"
+              R"("value":{"fromBottom":false,"bottomBoundary":0,"fromTop":true,"topBoundary":0}}}],)"
+              R"("properties":[{"id":"data","typeid":"Int64"}]})");
 }
 
 // Each document has the faults of later rows as well where its form allows, so that the rows show which comes first.
