@@ -182,7 +182,9 @@ void readFile(const fs::path& file, std::vector<DocumentText>& documents) {
     if (hasLinesOfDocuments(file)) {
         readLines(*stream.rdbuf(), file.string(), documents);
     } else if (fs::file_size(file) > largestDocument) {
-        documents.push_back({{file.string()}, {}, tooLarge()});
+        DocumentText& document = documents.emplace_back();
+        document.origin.file = file.string();
+        document.fault = tooLarge();
     } else {
         std::string text;
         readPiece(*stream.rdbuf(), std::nullopt, text);
