@@ -59,6 +59,16 @@ TEST(ShowCommand, ShowsAParameterWithAllThatItRefersTo) {
 )");
 }
 
+TEST(ShowCommand, ShowsTheRangeWithoutALimit) {
+    const std::string range =
+        R"({"id":"range","typedValue":{"typeid":"quovanta.range:range.string-1.0.0","value":{}}})";
+    EXPECT_THAT(runToolOn(Documents::shortForm("test:p", "quovanta.parameter:parameter.string-3.0.0",
+                                               Documents::nameConstant("P") + "," + range),
+                          {"show", "a.jsonl", "--typeid", "test:p"})
+                    .output,
+                HasSubstr("\n├─ range         quovanta.range:range.string-1.0.0\n│  └─ allows        any text\n├─"));
+}
+
 TEST(ShowCommand, KnowsEveryKind) {
     for (const char* kind : {"category", "dimension", "discipline", "domain", "enumeration", "float-range", "group",
                              "int-range", "parameter", "spec", "string-range", "unit"}) {
