@@ -57,6 +57,14 @@ TEST(CheckCommand, RefusesHugeDocumentsAndNoOthers) {
                           ""));
 }
 
+TEST(CheckCommand, ReadsDocumentsOfTheLargestSize) {
+    const TemporaryFolder folder;
+    folder.write("a.json", "");
+    std::filesystem::resize_file(folder.path("a.json"), 64U << 20U);
+    EXPECT_THAT(runTool({"check", "a.json"}, folder.path()),
+                FieldsAre(1, "a.json: Binary, no text.\n\n1 document, 1 fault in 1 of them.\n", ""));
+}
+
 TEST(CheckCommand, TellsWhichFilesItMayNotRead) {
     if (geteuid() == 0) {
         GTEST_SKIP() << "Root may read all files.";
@@ -137,11 +145,44 @@ TEST(CommandLine, TellsHelpVersionAndWrongUsageByTheStatus) {
         {{"graph", ".", "--depth", "1"}, ""},
         {{"graph", ".", "--typeid", "x", "--depth", "-1"}, "--depth: Must be a whole number from 0 on\n"},
         {{"graph", ".", "--out", "a.png"}, ""},
-        {{"graph", "examples/catalog", "--typeid", ""}, ""},
-        {{"show", "examples/catalog", "--typeid", "x"}, ""}};
+        {{"graph", "examples/catalog", "--typeid", ""}, ""}};
     for (const auto& [arguments, errors] : faultyUsages) {
         EXPECT_THAT(runTool(arguments), FieldsAre(2, "", AllOf(Not(""), StartsWith(errors))));
     }
+}
+
+TEST(CommandLine, TellsOfATypeidWithoutALoadedDocument) {
+    const std::string lines = group("good") + parameter("faulty", "test:nobody") + parameter("blocked", "test:faulty");
+    const std::pair<std::string, std::string> errors[] = {
+        {"test:no\033body", "parameters: No document has the typeid test:no\\x1bbody.\n"},
+        {"test:faulty", "parameters: a.jsonl:2, which defines test:faulty, has a fault or refers to one that has.\n"},
+        {"test:blocked",
+         "parameters: a.jsonl:3, which defines test:blocked, has a fault or refers to one that has.\n"}};
+    for (const char* command : {"show", "schema", "deps", "bundle", "graph"}) {
+        for (const auto& [typeId, error] : errors) {
+            std::vector<std::string> arguments = {command, "a.jsonl", "--typeid", typeId};
+            if (arguments.front() == "bundle") {
+                arguments.insert(arguments.end(), {"--out", "out"});
+            }
+            EXPECT_THAT(runToolOn(lines, arguments), FieldsAre(2, "", EndsWith(".\n" + error))) << command;
+        }
+    }
+}
+
+TEST(CommandLine, DrawsABarOfSlowWorkOnATerminalOnly) {
+    const TemporaryFolder folder;
+    // Large, so that it is still being read when the program is stopped.
+    folder.write("a.jsonl", "");
+    std::filesystem::resize_file(folder.path("a.jsonl"), 16U << 20U);
+    for (const char* name : {"b.json", "c.json", "d.json"}) {
+        folder.write(name, group(name));
+    }
+    EXPECT_THAT(terminalOfSlowRun("$tool check . >output", folder.path(), folder.path("a.jsonl")),
+                AllOf(StartsWith("\r\x1b[KReading [==========                              ] 1 of 4\r\x1b[K"),
+                      EndsWith("\r\x1b[K")));
+    EXPECT_EQ(terminalOfSlowRun("$tool check . >output 2>errors", folder.path(), folder.path("a.jsonl")), "");
+    EXPECT_EQ(Documents::textOf(folder.path("errors")), "");
+    EXPECT_THAT(Documents::textOf(folder.path("output")), EndsWith("\n4 documents, 1 fault in 1 of them.\n"));
 }
 
 TEST(CommandLine, TellsOnceThatItCannotWrite) {

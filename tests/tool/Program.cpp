@@ -1,9 +1,17 @@
 #include "tool/Program.h"
 
+#include <poll.h>
+#include <pty.h>
+#include <sys/inotify.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <stdexcept>
+#include <thread>
 
 namespace fs = std::filesystem;
 
@@ -28,6 +36,32 @@ ProgramRun runToolOn(const std::string& text, const std::vector<std::string>& ar
     const TemporaryFolder folder;
     folder.write("a.jsonl", text);
     return runTool(arguments, folder.path());
+}
+
+std::string terminalOfSlowRun(const std::string& command, const std::string& folder, const std::string& file) {
+    const std::string script = "tool='" PARAMETERS_TOOL "'; cd '" + folder + "' && exec " + command;
+    pollfd opened = {inotify_init1(IN_CLOEXEC), POLLIN, 0};
+    inotify_add_watch(opened.fd, file.c_str(), IN_OPEN);
+    int terminal = -1;
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (child == 0) {
+        execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
+        _exit(127);
+    }
+    if (child > 0 && poll(&opened, 1, 10'000) == 1) {
+        kill(child, SIGSTOP);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+        kill(child, SIGCONT);
+    }
+    close(opened.fd);
+    std::string text;
+    std::array<char, 256> piece{};
+    for (ssize_t size = 0; (size = read(terminal, piece.data(), piece.size())) > 0;) {
+        text.append(piece.data(), static_cast<std::size_t>(size));
+    }
+    close(terminal);
+    waitpid(child, nullptr, 0);
+    return text;
 }
 
 TemporaryFolder::TemporaryFolder() {
