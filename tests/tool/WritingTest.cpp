@@ -9,7 +9,7 @@ namespace {
 /// A discipline with more than an older text holds.
 const std::string rich =
     R"({"schemaSpecification":"lumar-data-schema-2.0.0","typeid":"test:rich/../../x-1.0.0",)"
-    R"("inherits":["quovanta.spec:discipline-2.0.0"],"sealed":false,"author":"me",)"
+    R"("inherits":["quovanta.spec:discipline-2.0.0"],"sealed":false,"author":"me","downgradedFrom":"9.0.0",)"
     R"("constants":[{"id":"name","typeid":"String","value":"N","note":1},{"id":"rank","value":7}],)"
     R"("properties":[{"id":"p","typeid":"String","context":"map"}]})";
 
@@ -36,6 +36,7 @@ TEST(ExportCommand, TellsWhatTheOlderTextNoLongerHolds) {
                 FieldsAre(0, R"(rich.json: test:rich/../../x-1.0.0, rewritten, no longer holds all:
   gone:    sealed: false
   gone:    author: "me"
+  changed: downgradedFrom: "9.0.0" is now "3.0.0"
   gone:    constant "name" note: 1
   gone:    constant "rank": {"id":"rank","value":7}
   gone:    property "p": {"id":"p","typeid":"String","context":"map"}
