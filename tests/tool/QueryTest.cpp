@@ -115,3 +115,19 @@ TEST(DepsCommand, DrawsATreeAndTurnsAround) {
     EXPECT_EQ(runTool({"deps", "examples/catalog", "--typeid", parents, "--reverse"}).output,
               diffuser + "  parameter  directly  Supply Diffuser\n");
 }
+
+TEST(DepsCommand, WritesASharedBranchOutOnceAndALeafEachTime) {
+    EXPECT_EQ(
+        runTool({"deps", "examples/catalog", "--typeid", "acme.building:spec.pressureDrop-1.0.0", "--tree"}).output,
+        R"(spec Pressure Drop (acme.building:spec.pressureDrop-1.0.0)
+├─ discipline Heating, Ventilation and Air Conditioning (acme.building:discipline.hvac-1.0.0)
+├─ unit Kilopascal (acme.building:unit.kilopascal-1.0.0)
+│  └─ dimension Pressure (acme.building:dimension.pressure-1.0.0)
+└─ unit Pascal (acme.building:unit.pascal-1.0.0)
+   └─ dimension Pressure (acme.building:dimension.pressure-1.0.0)
+)");
+    const std::string dimension = "acme.building:dimension.pressure-1.0.0";
+    EXPECT_THAT(runTool({"deps", "examples/catalog", "--typeid", dimension, "--tree", "--reverse"}).output,
+                EndsWith("\n└─ unit Pascal (acme.building:unit.pascal-1.0.0)\n"
+                         "   └─ spec Pressure Drop (acme.building:spec.pressureDrop-1.0.0), see above\n"));
+}

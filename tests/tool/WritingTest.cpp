@@ -81,12 +81,21 @@ TEST(ExportCommand, OverwritesOnlyWhenForced) {
     EXPECT_NE(Documents::textOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
 }
 
-TEST(ExportCommand, KeepsTypeidsApartThatMakeOneFileName) {
+TEST(ExportCommand, MakesFileNamesThatEverySystemTakesAndTellsApart) {
     const TemporaryFolder folder;
-    folder.write("a.jsonl", Documents::discipline("a/b", "N") + '\n' + Documents::discipline("a:b", "N") + '\n' +
-                                Documents::discipline("A_b", "N"));
+    std::string lines;
+    for (const std::string& typeId : {std::string("a/b"), std::string("a:b"), std::string("A_b"), std::string("-c"),
+                                      std::string(".d"), std::string(201, 'e')}) {
+        lines += Documents::discipline(typeId, "N") + '\n';
+    }
+    folder.write("a.jsonl", lines);
     EXPECT_EQ(runTool({"export", "a.jsonl", "--data-model", "2.0.0", "--out", "out"}, folder.path()).status, 0);
-    EXPECT_EQ(Documents::filesBelow(folder.path("out")).size(), 3U);
+    std::vector<std::string> names;
+    for (const auto& file : Documents::filesBelow(folder.path("out"))) {
+        names.push_back(file.filename().string());
+    }
+    EXPECT_THAT(names, UnorderedElementsAre("A_b.json", "a_b_2.json", "a_b_3.json", "_c.json", "_d.json",
+                                            std::string(200, 'e') + ".json"));
 }
 
 TEST(BundleCommand, WritesWhatLoadsByItself) {
@@ -99,6 +108,8 @@ TEST(BundleCommand, WritesWhatLoadsByItself) {
               Documents::textOf(PARAMETERS_SOURCE_DIR "/examples/catalog/parameters/air/supply-diffuser.json"));
     EXPECT_THAT(runTool({"check", folder.path("out")}).output, EndsWith("7 documents, no faults.\n"));
     EXPECT_EQ(runTool(arguments).status, 2);
+    EXPECT_EQ(runToolOn(Documents::discipline("a", "N"), {"bundle", "a.jsonl", "--typeid", "a", "--out", "out"}).output,
+              "1 document loads by itself from out.\n");
 }
 
 TEST(GraphCommand, DrawsKindsWithALegend) {
@@ -109,6 +120,12 @@ TEST(GraphCommand, DrawsKindsWithALegend) {
                         HasSubstr(R"("legend group" [label="group", shape=octagon,)"), Not(HasSubstr("airTerminals"))),
                   ""));
     EXPECT_THAT(runTool({"graph", "examples/catalog"}).output, HasSubstr(R"("legend unit" [label="unit")"));
+}
+
+TEST(GraphCommand, TurnsAround) {
+    EXPECT_THAT(
+        runTool({"graph", "examples/catalog", "--typeid", "acme.building:group.airSide-1.0.0", "--reverse"}).output,
+        HasSubstr("  \"" + diffuser + "\" -> \"acme.building:group.airSide-1.0.0\";\n"));
 }
 
 TEST(GraphCommand, QuotesTypeids) {
