@@ -1,4 +1,5 @@
-# Finds the directory of a library that consists of headers and comes without a CMake package.
+# Finds the directory of a library that consists of headers. RapidJSON's CMake package is not used: some
+# distributions' names the include directory alone and has no target, and others come without one.
 function(parameters_require_header variable header library)
     find_path(${variable} ${header})
     if(NOT ${variable})

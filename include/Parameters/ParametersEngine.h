@@ -140,8 +140,10 @@ public:
     void registerIntRange(const IntRange& range);
     /// Adds a parameter.
     ///
-    /// What is stored holds the registered group, spec and range under the typeids given. The default group, the legacy
-    /// base specs of Defaults and ranges of a static base need not be registered.
+    /// What is stored holds the registered spec and range under the typeids given, and the registered group unless that
+    /// is a default one. A default group becomes that of format 0, whatever version was given, also where the parameter
+    /// is copied from a context. The default group, the legacy base specs of Defaults and ranges of a static base need
+    /// not be registered.
     ///
     /// @throws ValidationException  in this order: "Name must not be empty."; "Could not find group with typeid
     ///         {typeid}."; for a string range "Value {value} must appear only once." and "String range using base
@@ -153,8 +155,9 @@ public:
     void registerParameter(const Parameter& parameter);
     /// Adds a spec.
     ///
-    /// What is stored holds the registered discipline and units under the typeids given. The default discipline need
-    /// not be registered.
+    /// What is stored holds the registered units under the typeids given, and the registered discipline unless that is
+    /// a default one. A default discipline need not be registered and becomes that of format 0, whatever version was
+    /// given, also where the spec is copied from a context.
     ///
     /// @throws ValidationException  in this order: "Name must not be empty."; "Could not find discipline with typeid
     ///         {typeid}."; "Legacy primitive specs must use PropertySets schema format."; "Spec with polymorphic value

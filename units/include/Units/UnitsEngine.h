@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Units/Exceptions.h>
 #include <Units/Export.h>
 #include <Units/SchemaFormat.h>
 #include <Units/Unit.h>
@@ -36,8 +37,9 @@ public:
     /// @param schemaText  JSON in UTF-8; read up to its first NUL.
     /// @return the typeids that it refers to and that this engine does not know yet.
     /// @throws ValidationException  the text is no schema document ("JSON parsing error at offset ..." and the messages
-    ///         of the frame), "Schema with typeid {typeid} is already registered.", "Schema {typeid} does not represent
-    ///         a unit or a dimension.", or a fault in its constants. The engine is unchanged.
+    ///         of the frame; an empty typeid is refused there: "The typeid string may not be empty."), "Schema with
+    ///         typeid {typeid} is already registered.", "Schema {typeid} does not represent a unit or a dimension.", or
+    ///         a fault in its constants. The engine is unchanged.
     std::set<std::string> registerSchema(const std::string& schemaText);
 
     /// Finishes everything that is pending.
