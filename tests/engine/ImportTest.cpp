@@ -1,5 +1,7 @@
 #include "support/ParameterDocuments.h"
 
+#include <algorithm>
+#include <functional>
 #include <set>
 
 namespace Parameters {
@@ -35,12 +37,47 @@ TEST(ImportTest, LeavesWhatItHasDoneUntilItFails) {
     engine.registerSchema(unit("metre", "Metre", "length"));
     EXPECT_THROWS(engine.registerSchemaWithContext(ranged("group", "distance"), context), ValidationException,
                   "Could not find unit with typeid metre.");
-    EXPECT_TRUE(engine.isRegistered("x") && engine.isRegistered("ints"));
-    EXPECT_FALSE(engine.isRegistered("distance") || engine.isRegistered("group"));
     EXPECT_THROWS(engine.resolveSchemas(), ValidationException,
                   "Dependency group in schema x is missing or does not represent an object of the expected type.");
     EXPECT_FALSE(engine.isRegistered("x") || engine.isRegistered("ints"));
     EXPECT_EQ(engine.registerSchemaWithContext(ranged("group", "?"), engine), (TypeIds{"?", "group", "ints"}));
+}
+
+TEST(ImportTest, KeepsWhatItHasCopiedBeforeACopyThatIsRefused) {
+    ParametersEngine context = parameterWorkshop();
+    context.registerStringRange({"strings", RegexStringRangeComponent("a"), {}});
+    context.registerParameter({"p", "P", context.getSpec("Bool"), context.getGroup("group"), {}, "", "", false});
+    const Texts order = {"choices", "floats", "ints",     "strings", "o",     "major", "s",
+                         "d",       "Bool",   "distance", "old",     "group", "p"};
+    std::string all;
+    for (const std::string& typeId : order) {
+        all += (all.empty() ? R"({"typeid":")" : R"(,{"typeid":")") + typeId + R"("})";
+    }
+    const std::string text = shortForm("x", "quovanta.talmo.category:majorCategory-1.0.0",
+                                       nameConstant("X") + R"(,{"id":"disciplines","typedValue":[)" + all + "]}," +
+                                           reference("domain", "o"));
+    struct Obstacle {
+        std::function<void(ParametersEngine&)> add;
+        std::string refused, message;
+    };
+    const Obstacle obstacles[] = {
+        {[](ParametersEngine& engine) {
+             engine.registerDomain({"other", "O", {}});
+             engine.registerCategory({"top", "T", MajorCategoryComponent(engine.getDomain("other"), {}), {}});
+             engine.registerCategory({"m", "M", SubCategoryComponent("top"), {}});
+         },
+         "s", "Parent m of subcategory s is not a major category."},
+        {[](ParametersEngine& engine) { engine.registerSchema(unit("metre", "Metre", "length")); }, "distance",
+         "Could not find unit with typeid metre."}};
+    for (const auto& [add, refused, message] : obstacles) {
+        ParametersEngine engine;
+        add(engine);
+        EXPECT_THROWS(engine.registerSchemaWithContext(text, context), ValidationException, message);
+        const auto end = std::find(order.begin(), order.end(), refused);
+        for (auto typeId = order.begin(); typeId != order.end(); ++typeId) {
+            EXPECT_EQ(engine.isRegistered(*typeId), typeId < end) << *typeId << " where " << refused << " is refused";
+        }
+    }
 }
 
 TEST(ImportTest, GivesWayToWhatIsRegisteredLaterWhateverItsKind) {

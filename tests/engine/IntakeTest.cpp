@@ -8,33 +8,50 @@ using namespace Documents;
 /// The kinds of the finished objects of a typeid, one after the other.
 std::string kindsOf(const ParametersEngine& engine, const std::string& typeId) {
     std::string kinds;
-    kinds += engine.getAllDisciplines().count(typeId) != 0 ? "discipline" : "";
-    kinds += engine.getAllDomains().count(typeId) != 0 ? "domain" : "";
-    kinds += engine.getAllGroups().count(typeId) != 0 ? "group" : "";
-    kinds += engine.getUnitsEngine().getAllUnits().count(typeId) != 0 ? "unit" : "";
+    for (const auto& [kind, count] : {std::pair("category", engine.getAllCategories().count(typeId)),
+                                      {"discipline", engine.getAllDisciplines().count(typeId)},
+                                      {"domain", engine.getAllDomains().count(typeId)},
+                                      {"float range", engine.getAllFloatRanges().count(typeId)},
+                                      {"group", engine.getAllGroups().count(typeId)},
+                                      {"int range", engine.getAllIntRanges().count(typeId)},
+                                      {"parameter", engine.getAllParameters().count(typeId)},
+                                      {"spec", engine.getAllSpecs().count(typeId)},
+                                      {"string range", engine.getAllStringRanges().count(typeId)},
+                                      {"unit", engine.getUnitsEngine().getAllUnits().count(typeId)}}) {
+        kinds += count != 0 ? kind : "";
+    }
     return kinds;
 }
 
-TEST(IntakeTest, TakesADocumentForTheKindWhosePrefixItsBaseContains) {
-    const std::map<std::string, std::string> kindByBase = {
-        {"quovanta.spec:discipline-1.0.0", "discipline"},
-        {"quovanta.spec:discipline-", "discipline"},
-        {"acme.building:x quovanta.spec:discipline-y", "discipline"},
-        {"quovanta.talmo.category:domain-draft", "domain"},
-        {"quovanta.parameter:group-2.0.0", "group"},
-        // Of several the first in the order of the kinds.
-        {"quovanta.parameter:group-1 quovanta.spec:discipline-1", "discipline"},
-        {"quovanta.talmo.category:domain-1 quovanta.parameter:group-1", "group"},
-        {"quovanta.unit:unit-1 quovanta.talmo.category:domain-1", "domain"},
-        {"quovanta.unit:unit-1.0.0", "unit"},
+TEST(IntakeTest, TakesADocumentForTheFirstKindWhosePrefixItsBaseContains) {
+    const Cases prefixes = {
+        {"float range", "quovanta.range:range.float64.bounded.static-"},
+        {"int range", "quovanta.range:range.int64.bounded.static-"},
+        {"string range", "quovanta.range:range.string.regex-"},
+        {"discipline", "quovanta.spec:discipline-"},
+        {"group", "quovanta.parameter:group-"},
+        {"domain", "quovanta.talmo.category:domain-"},
+        {"spec", "quovanta.spec:spec.bool-"},
+        {"parameter", "quovanta.parameter:parameter.bool-"},
+        {"category", "quovanta.talmo.category:subCategory-"},
+        {"unit", "quovanta.unit:unit-1.0.0"},
     };
-    for (const auto& [base, kind] : kindByBase) {
-        for (const std::string& text :
-             {shortForm("x", base, nameConstant("X")), fullForm("x", base, nameConstant("X"))}) {
-            ParametersEngine engine;
-            engine.registerSchema(text);
-            engine.resolveSchemas();
-            EXPECT_EQ(kindsOf(engine, "x"), kind) << text;
+    // What any of them needs.
+    const std::string constants = nameConstant("X") + "," + constant("fromBottom", "false") + "," +
+                                  constant("fromTop", "false") + "," + constant("regex", R"("a")") + "," +
+                                  reference("parent", "m");
+    for (auto kind = prefixes.begin(); kind != prefixes.end(); ++kind) {
+        Texts bases = {kind->second};
+        if (kind->first != "unit") {
+            bases.insert(bases.end(), {kind->second + "draft", "acme.building:x " + kind->second + "9.0.0"});
+        }
+        for (auto later = kind + 1; later < prefixes.end(); ++later) {
+            bases.push_back(later->second + "1.0.0 " + kind->second + "1.0.0");
+        }
+        for (const std::string& base : bases) {
+            for (const std::string& text : {shortForm("x", base, constants), fullForm("x", base, constants)}) {
+                EXPECT_EQ(kindsOf(workshop({text}), "x"), kind->first) << text;
+            }
         }
     }
 }
@@ -44,6 +61,17 @@ TEST(IntakeTest, RefusesWhatOnlyResemblesAKindOrAName) {
                     "Schema x has an undefined name constant."},
                    {shortForm("x", "quovanta.spec:discipline", nameConstant("X")),
                     "Schema x does not represent a unit or a dimension."}});
+}
+
+TEST(IntakeTest, DoesNotMissTheDocumentItself) {
+    const std::string unitsItself = nameConstant("X") + "," + reference("storageUnit", "x");
+    for (const auto& [base, constants] :
+         Cases{{"quovanta.parameter:parameter.bool-2.0.0", nameConstant("X") + "," + reference("group", "x")},
+               {"quovanta.talmo.category:subCategory-1.0.0", nameConstant("X") + "," + reference("parent", "x")},
+               {"quovanta.spec:spec.measurable-2.1.0", unitsItself}}) {
+        const auto missing = ParametersEngine().registerSchema(shortForm("x", base, constants));
+        EXPECT_TRUE(missing.first.empty() && missing.second.empty()) << base;
+    }
 }
 
 TEST(IntakeTest, BatchSkipsKnownKeysAndRegistersUnderTheTypeIdOfTheText) {

@@ -31,6 +31,43 @@ TEST(ResolutionTest, LeavesWhatIsPendingAloneIfTheUnitsAreAtFault) {
     }
 }
 
+TEST(ResolutionTest, ReportsTheSmallestTypeIdOfTheFirstKindAtFault) {
+    struct Fault {
+        std::string typeId, base, before, after;
+    };
+    const std::string dependency = "Dependency ? in schema ";
+    const std::string missing = " is missing or does not represent an object of the expected type.";
+    const std::string parent = "Parent ? of subcategory ", notMajor = " is not a major category.";
+    // Each goes before those below it, in whatever order they are registered.
+    const std::vector<Fault> faults = {
+        {"y", "quovanta.talmo.category:majorCategory-", dependency, missing},
+        {"z", "quovanta.talmo.category:majorCategory-", dependency, missing},
+        {"u", "quovanta.spec:spec.bool-1", dependency, missing},
+        {"v", "quovanta.spec:spec.int64-2", dependency, missing},
+        {"r", "quovanta.parameter:parameter.bool-2", dependency, missing},
+        {"s", "quovanta.parameter:parameter.string-3", dependency, missing},
+        // Parents are looked at when all objects stand.
+        {"a", "quovanta.talmo.category:subCategory-", parent, notMajor},
+        {"b", "quovanta.talmo.category:subCategory-", parent, notMajor},
+    };
+    std::string constants = nameConstant("N");
+    for (const std::string id : {"domain", "discipline", "group", "parent"}) {
+        constants += "," + reference(id, "?");
+    }
+    for (auto first = faults.begin(); first != faults.end(); ++first) {
+        ParametersEngine engine, backwards;
+        for (auto fault = first; fault != faults.end(); ++fault) {
+            engine.registerSchema(shortForm(fault->typeId, fault->base, constants));
+        }
+        for (auto fault = faults.end(); fault-- != first;) {
+            backwards.registerSchema(shortForm(fault->typeId, fault->base, constants));
+        }
+        const std::string message = first->before + first->typeId + first->after;
+        EXPECT_THROWS(engine.resolveSchemas(), ValidationException, message);
+        EXPECT_THROWS(backwards.resolveSchemas(), ValidationException, message);
+    }
+}
+
 std::size_t liveHeap() {
     const struct mallinfo2 info = mallinfo2();
     return info.uordblks + info.hblkhd;
