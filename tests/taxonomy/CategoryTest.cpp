@@ -40,6 +40,7 @@ TEST(CategoryTest, ReportsTheFirstFaultOfADocument) {
                    {major(name + R"({"id":"domain","value":{"typeid":"o","other":"o"}})"),
                     "A typedValue object may not be empty and must contain a typeid attribute only."},
                    {major(name + strange + reference("domain", "a")), "Dependency z" + notFound},
+                   {sub(bad), "Schema x has an undefined name constant."},
                    {sub(name + bad), "A typedValue must be an object."},
                    {sub(name + reference("parent", "p")), "Parent p of subcategory x is not a major category."}});
     const auto missing = workshop().registerSchema(major(name + strange + reference("domain", "a"))).first;

@@ -23,7 +23,8 @@ TEST(StringRangeTest, ReadsAndWritesItsComponent) {
 }
 
 TEST(StringRangeTest, ReportsItsFirstFault) {
-    expectRefused({{set(R"(["a",0,"a","a"])"), "Expected an array of strings."},
+    expectRefused({{set(R"({"0":0})"), "Expected an array."},
+                   {set(R"(["a",0,"a","a"])"), "Expected an array of strings."},
                    {set(R"(["a","b","a",0])"), "Expected an array of unique strings."}});
     const StringRange twice("x", SetStringRangeComponent({"b", "", "a", "a", ""}), {});
     EXPECT_THROWS(ParametersEngine().registerStringRange(twice), ValidationException, "Value a must appear only once.");
