@@ -13,6 +13,9 @@ public:
     ~MemoryShortage();
     MemoryShortage(const MemoryShortage&) = delete;
     MemoryShortage& operator=(const MemoryShortage&) = delete;
+
+    /// How many blocks more this thread has allocated than freed; the difference of two calls shows a leak.
+    [[nodiscard]] static std::ptrdiff_t liveBlocks() noexcept;
 };
 
 /// Runs the action on a fresh subject again and again, with one more allocation that succeeds each time, until it has
