@@ -1,4 +1,4 @@
-#include "support/ParameterDocuments.h"
+#include "support/Objects.h"
 
 #include <cmath>
 
@@ -40,38 +40,6 @@ TEST(NumericRangeTest, WritesNumbersAsFarAsJSONHasThem) {
         EXPECT_THROWS(engine.getSchema("x"), ValidationException, cannotRepresent);
         EXPECT_THROWS(engine.getSchemaInCompatibleFormat({}, "x"), ValidationException, cannotRepresent);
     }
-}
-
-TEST(NumericRangeTest, IsWrittenForAParameterByHowItsTypeIdBegins) {
-    struct Row {
-        std::string typeId, olderTypeId;
-        bool isInline;
-    };
-    const ParametersEngine engine = parameterWorkshop();
-    const auto expectWritten = [&](const std::string& type, const std::string& spec, const std::string& family,
-                                   const std::string& value, const auto& makeRange) {
-        for (const auto& [typeId, olderTypeId, isInline] :
-             {Row{family + "1.0.0", family + "1.0.0", true}, Row{family + "1.5.0", family + "1.5.0", true},
-              Row{family + "2.0.0", family + "1.0.0", true}, Row{family + "10.0.0", family + "1.0.0", true},
-              Row{family, family + "1.0.0", true},
-              Row{"acme." + family + "2.0.0", "acme." + family + "2.0.0", false}}) {
-            const std::string rest = isInline ? R"(","value":)" + value + "}}" : R"("}})";
-            const std::string range = R"(,{"id":"range","typedValue":{"typeid":")";
-            const std::string older = range + olderTypeId + rest;
-            const Parameter parameter("x", "N", engine.getSpec(spec), engine.getGroup("quovanta.parameter:group-2.0.0"),
-                                      makeRange(typeId), "", "", false);
-            EXPECT_EQ(engine.getSchemaInCompatibleFormat(Version::V2, parameter),
-                      downgraded(Documents::older(".ranged." + type + "-1.0.0", older, spec)));
-            EXPECT_EQ(engine.getSchema(parameter), newer(".ranged." + type + "-2.0.0", range + typeId + rest, spec));
-        }
-    };
-    // What does not bind is written, too.
-    expectWritten(
-        "int64", "Int64", ints, R"({"fromBottom":true,"bottomBoundary":1,"fromTop":false,"topBoundary":7})",
-        [](const std::string& typeId) { return IntRange(typeId, true, 1, false, 7, Format::LumarDataSchema); });
-    expectWritten(
-        "float64", "Float64", floats, R"({"fromBottom":false,"bottomBoundary":1.0,"fromTop":true,"topBoundary":0.5})",
-        [](const std::string& typeId) { return FloatRange(typeId, false, 1, true, 0.5, Format::LumarDataSchema); });
 }
 
 // Each text has the faults of later rows as well, so that the rows show which comes first.
