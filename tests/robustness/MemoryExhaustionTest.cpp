@@ -189,7 +189,7 @@ std::vector<Change> changes() {
          workshop()},
     };
     // Large texts are kept apart from others.
-    for (const std::size_t size : {1, 20000}) {
+    for (const std::size_t size : {std::size_t(1), std::size_t(20000)}) {
         const std::string name(size, 'D');
         all.push_back({"import of " + std::to_string(size), [](auto& engine) { engine.resolveSchemas(); },
                        [name](auto& engine) {
