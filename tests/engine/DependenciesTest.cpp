@@ -6,7 +6,7 @@ namespace Parameters {
 namespace {
 
 TEST(DependenciesTest, AreThoseOfAFinishedItemAndOfWhatItHolds) {
-    ParametersEngine engine = parameterWorkshop();
+    ParametersEngine engine = parameterFixture();
     const Taxon group = engine.getGroup("group");
     const Taxon common = engine.getGroup("quovanta.parameter:group-2.0.0");
     const Parameter x("x", "X", engine.getSpec("distance"), group, engine.getFloatRange("floats"), "", "", false);

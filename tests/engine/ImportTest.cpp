@@ -11,7 +11,7 @@ using namespace Documents;
 using TypeIds = std::set<std::string>;
 
 TEST(ImportTest, BringsAlongWhatIsNeededAndNotYetThere) {
-    const ParametersEngine context = parameterWorkshop();
+    const ParametersEngine context = parameterFixture();
     ParametersEngine engine;
     engine.registerSchema(group("group", "Own"));
     EXPECT_EQ(engine.registerSchemaWithContext(ranged("group", "distance"), context), TypeIds());
@@ -25,7 +25,7 @@ TEST(ImportTest, BringsAlongWhatIsNeededAndNotYetThere) {
 }
 
 TEST(ImportTest, LeavesWhatItHasDoneUntilItFails) {
-    ParametersEngine context = parameterWorkshop();
+    ParametersEngine context = parameterFixture();
     context.registerSchema(group("pending", "Pending"));
     ParametersEngine engine;
     EXPECT_THROWS(engine.registerSchemaWithContext(ranged("pending", "distance"), context),
@@ -44,7 +44,7 @@ TEST(ImportTest, LeavesWhatItHasDoneUntilItFails) {
 }
 
 TEST(ImportTest, KeepsWhatItHasCopiedBeforeACopyThatIsRefused) {
-    ParametersEngine context = parameterWorkshop();
+    ParametersEngine context = parameterFixture();
     context.registerStringRange({"strings", RegexStringRangeComponent("a"), {}});
     context.registerParameter({"p", "P", context.getSpec("Bool"), context.getGroup("group"), {}, "", "", false});
     const Texts order = {"choices", "floats", "ints",     "strings", "o",     "major", "s",
@@ -82,7 +82,7 @@ TEST(ImportTest, KeepsWhatItHasCopiedBeforeACopyThatIsRefused) {
 
 TEST(ImportTest, GivesWayToWhatIsRegisteredLaterWhateverItsKind) {
     ParametersEngine engine;
-    engine.registerSchemaWithContext(ranged("group", "Bool"), parameterWorkshop());
+    engine.registerSchemaWithContext(ranged("group", "Bool"), parameterFixture());
     engine.registerSchema(domain("ints", "Later"));
     engine.registerGroup(Taxon("group", "Later", Format::PropertySets));
     engine.resolveSchemas();

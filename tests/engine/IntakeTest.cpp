@@ -50,7 +50,7 @@ TEST(IntakeTest, TakesADocumentForTheFirstKindWhosePrefixItsBaseContains) {
         }
         for (const std::string& base : bases) {
             for (const std::string& text : {shortForm("x", base, constants), fullForm("x", base, constants)}) {
-                EXPECT_EQ(kindsOf(workshop({text}), "x"), kind->first) << text;
+                EXPECT_EQ(kindsOf(fixture({text}), "x"), kind->first) << text;
             }
         }
     }

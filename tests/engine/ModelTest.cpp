@@ -40,7 +40,7 @@ constexpr struct {
                {Operation::Replace, "replacement by another engine or a new one", 12}};
 
 TEST(ModelTest, KnowsWhatAModelKnowsWhateverIsDone) {
-    ParametersEngine source = parameterWorkshop();
+    ParametersEngine source = parameterFixture();
     source.registerParameter({"x", "X", source.getSpec("quovanta.data:reference-1.0.0"), source.getGroup("group"),
                               source.getCategory("s"), "", "", false});
     auto objects = objectsIn(source);

@@ -20,7 +20,7 @@ const Answers pendingTexts = {{"pending group", group("pending group", "G")},
 
 /// Finished objects of all kinds, units and pending schemas; none of them imported.
 ParametersEngine loadedEngine() {
-    ParametersEngine engine = parameterWorkshop();
+    ParametersEngine engine = parameterFixture();
     engine.registerStringRange({"strings", RegexStringRangeComponent("a+"), Format::PropertySets});
     engine.registerParameter({"parameter", "P", engine.getSpec("Int64"), engine.getGroup("group"),
                               engine.getIntRange("ints"), "", "", false});
@@ -82,7 +82,7 @@ template <class Call> std::string refusalOf(const Call& call) {
 TEST(MemoryExhaustionTest, LeavesQueriesRepeatableAndNothingBehind) {
     using Engine = const ParametersEngine;
     const Parameter unregistered = [] {
-        ParametersEngine engine = parameterWorkshop();
+        ParametersEngine engine = parameterFixture();
         return engine.readParameter(ranged());
     }();
     const std::pair<std::string, std::function<std::string(Engine&)>> queries[] = {
@@ -139,12 +139,12 @@ TEST(MemoryExhaustionTest, LeavesQueriesRepeatableAndNothingBehind) {
 
 /// An engine that is about to take over an import of that name, beside the texts that a failed resolution has left.
 ParametersEngine importingEngine(const std::string& name) {
-    ParametersEngine engine = workshop();
+    ParametersEngine engine = fixture();
     engine.registerSchema(shortForm("pending sub", "quovanta.talmo.category:subCategory-1.0.0",
                                     nameConstant(repeated("lost", 5000)) + "," + reference("parent", "nobody")));
     refusalOf([&] { engine.resolveSchemas(); });
     // A unit brings the import along without adding a text to the others.
-    engine.registerSchemaWithContext(unit("x", "X", "new length"), workshop({discipline("new length", name)}));
+    engine.registerSchemaWithContext(unit("x", "X", "new length"), fixture({discipline("new length", name)}));
     engine.registerSchema(dimension("new length", "L"));
     return engine;
 }
@@ -162,7 +162,7 @@ struct Change {
 
 std::vector<Change> changes() {
     const auto context = std::make_shared<const ParametersEngine>(loadedEngine());
-    const auto other = std::make_shared<const ParametersEngine>(workshop({group("x", "Other")}));
+    const auto other = std::make_shared<const ParametersEngine>(fixture({group("x", "Other")}));
     Answers texts = pendingTexts;
     texts.insert({{"x", ranged()}, {"new metre", unit("new metre", "M", "pending length")}});
     const auto import = [context](ParametersEngine& engine) {
@@ -186,7 +186,7 @@ std::vector<Change> changes() {
                  import(engine);
              }
          },
-         workshop()},
+         fixture()},
     };
     // Large texts are kept apart from others.
     for (const std::size_t size : {std::size_t(1), std::size_t(20000)}) {

@@ -57,19 +57,19 @@ std::string answersOf(const ParametersEngine& engine) {
 }
 
 TEST(ThreadTest, QueriesOfOneEngineRunSideBySide) {
-    const ParametersEngine engine = parameterWorkshop();
+    const ParametersEngine engine = parameterFixture();
     const auto answers = inThreads([&] { return answersOf(engine); });
     EXPECT_THAT(answers, testing::Each(answersOf(engine)));
 }
 
 TEST(ThreadTest, DistinctEnginesRunSideBySide) {
     // The engines come first, so that what is made on first use is made by all of them at once.
-    const auto answers = inThreads([] { return answersOf(parameterWorkshop()); });
-    EXPECT_THAT(answers, testing::Each(answersOf(parameterWorkshop())));
+    const auto answers = inThreads([] { return answersOf(parameterFixture()); });
+    EXPECT_THAT(answers, testing::Each(answersOf(parameterFixture())));
 }
 
 TEST(ThreadTest, OneEngineIsTheContextOfSeveral) {
-    const ParametersEngine context = parameterWorkshop();
+    const ParametersEngine context = parameterFixture();
     const auto schemas = inThreads([&] {
         ParametersEngine engine;
         engine.registerSchemaWithContext(ranged(), context);

@@ -6,7 +6,7 @@ namespace {
 using namespace Documents;
 
 TEST(DirectReadingTest, ReadsAParameterAgainstWhatIsFinished) {
-    ParametersEngine engine = parameterWorkshop();
+    ParametersEngine engine = parameterFixture();
     engine.registerSchema(group("pending", "Pending"));
     for (const auto& [text, message] :
          Cases{{"", "JSON parsing error at offset 0: The document is empty."},
@@ -30,7 +30,7 @@ TEST(DirectReadingTest, TellsThePrimitiveTypeBehindADocument) {
         {older(".measurable-3", unknown), older(".ranged.string-1", "", "Float64")},
         {older(".reference-2", unknown), older("-2", "", "quovanta.data:reference-1.0.0")},
         {older(".string-3", unknown), older("-2", "", "String")}};
-    const ParametersEngine engine = parameterWorkshop();
+    const ParametersEngine engine = parameterFixture();
     for (std::size_t type = 0; type < textsOfTypes.size(); ++type) {
         for (const std::string& text : textsOfTypes[type]) {
             EXPECT_EQ(engine.readValueType(text), LegacyPrimitiveType(type)) << text;

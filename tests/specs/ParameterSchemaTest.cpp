@@ -17,7 +17,7 @@ void expectWritten(const std::string& row, const std::set<std::string>& waitsFor
     SCOPED_TRACE(row);
     const std::string own = texts.back();
     EXPECT_EQ(ParametersEngine().registerSchema(own).first, waitsFor);
-    const ParametersEngine fixture = parameterWorkshop();
+    const ParametersEngine fixture = parameterFixture();
     const Parameter parameter = fixture.readParameter(own);
     texts.resize(3);
     ParametersEngine finished = fixture;
@@ -180,7 +180,7 @@ TEST(ParameterSchemaTest, HasTheDefaultGroupOfItsFormatIfItNamesNone) {
          "quovanta.parameter:group-2.0.0", Format::LumarDataSchema},
         {newer("-3", "," + reference("group", otherVersion), "Bool"), otherVersion, Format::PropertySets},
     };
-    ParametersEngine fixture = parameterWorkshop();
+    ParametersEngine fixture = parameterFixture();
     fixture.registerGroup(Taxon(otherVersion, "Own", Format::LumarDataSchema));
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
@@ -192,7 +192,7 @@ TEST(ParameterSchemaTest, HasTheDefaultGroupOfItsFormatIfItNamesNone) {
 }
 
 TEST(ParameterSchemaTest, IgnoresWhatItsFormDoesNotHaveAndTakesTheBaseOfItsFormat) {
-    const ParametersEngine fixture = parameterWorkshop();
+    const ParametersEngine fixture = parameterFixture();
     const Parameter parameter = fixture.readParameter(
         R"({"schemaSpecification":"lumar-data-schema-2.0.0","schemaType":"component","typeid":"x",)"
         R"("inherits":["quovanta.parameter:parameter quovanta.parameter:parameter.ranged.int64-9"],"sealed":true,)"

@@ -15,7 +15,7 @@ Parameter parameter(const std::string& spec, const ParameterRange& range = {}, c
 }
 
 Parameter registered(const Parameter& given) {
-    ParametersEngine engine = parameterWorkshop();
+    ParametersEngine engine = parameterFixture();
     engine.registerParameter(given);
     return engine.getParameter("x");
 }
@@ -48,7 +48,7 @@ TEST(ParameterTest, TakesBaseSpecsAndTheDefaultGroupWithoutRegistration) {
 TEST(ParameterTest, CannotBeWrittenIfItsRegisteredSpecAsksForAnEnumerationThatItLacks) {
     // What the parameter brings along obeys the rule; only what is registered as its spec does not.
     const Parameter stale = parameter("choice", {}, "Bool");
-    ParametersEngine engine = parameterWorkshop();
+    ParametersEngine engine = parameterFixture();
     EXPECT_THROWS(engine.getSchema(stale), ValidationException, cannotRepresent);
     EXPECT_THROWS(engine.getSchemaInCompatibleFormat(Version::V1, stale), ValidationException, cannotRepresent);
     engine.registerParameter(stale);
@@ -91,7 +91,7 @@ TEST(ParameterTest, IsRefusedForItsFirstFault) {
         {parameter("spec.bool-1.0.1", {}, general), "Could not find spec with typeid spec.bool-1.0.1."},
         {parameter("choice", choices), "Parameter with an enumeration range must use a legacy general spec."},
         {parameter("Bool", {}, general), "Parameter with a legacy general spec must use an enumeration range."}};
-    ParametersEngine engine = parameterWorkshop();
+    ParametersEngine engine = parameterFixture();
     for (const auto& [refused, message] : rows) {
         EXPECT_THROWS(engine.registerParameter(refused), ValidationException, message);
         EXPECT_THROWS(engine.getDependencies(refused), ValidationException, message);

@@ -26,7 +26,7 @@ TEST(SpecSchemaTest, TakesTheShapeFromAPrefixAndTheValueTypeFromTheWholeBase) {
         {shortForm("x", "quovanta.spec:spec.measurable-3.0.0", listed({name, inMetre})), "Float64"},
         {shortForm("x", "quovanta.spec:spec-2.0.0", name), ""}};
     for (const auto& [text, type] : cases) {
-        EXPECT_EQ(std::get<std::string>(workshop({text}).getSpec("x").getValueTypeId()), type) << text;
+        EXPECT_EQ(std::get<std::string>(fixture({text}).getSpec("x").getValueTypeId()), type) << text;
     }
 }
 
@@ -55,7 +55,7 @@ TEST(SpecSchemaTest, ReportsTheFirstFaultOfItsConstants) {
           "Schema x has an undefined name constant."},
          {fullForm("x", general, name), "Complex spec schema must declare a value property."}});
     const std::pair<std::set<std::string>, std::set<std::string>> missing = {{}, {"unknown 1", "unknown 2"}};
-    EXPECT_EQ(workshop().registerSchema(measurable({name, domainAsDiscipline, inLength, unknownUnits})), missing);
+    EXPECT_EQ(fixture().registerSchema(measurable({name, domainAsDiscipline, inLength, unknownUnits})), missing);
 }
 
 TEST(SpecSchemaTest, ReportsTheFirstFaultOfItsValueType) {
@@ -146,7 +146,7 @@ TEST(SpecSchemaTest, HasTheDefaultDisciplineOfItsFormatIfItNamesNone) {
         {fullForm("x", "quovanta.spec:spec.bool-1.0.0", reference("discipline", "quovanta.spec:discipline-1.0.0")),
          "quovanta.spec:discipline-1.0.0"},
     };
-    ParametersEngine registered = workshop();
+    ParametersEngine registered = fixture();
     registered.registerDiscipline(Taxon(any, "Own", Format::LumarDataSchema));
     for (const auto& [text, typeId] : cases) {
         SCOPED_TRACE(text);
@@ -187,9 +187,9 @@ TEST(SpecSchemaTest, GoesBackAsFarAsItsNamesAllow) {
 }
 
 TEST(SpecSchemaTest, IsRefusedWhereThereIsNothingToWrite) {
-    ParametersEngine engine = workshop({R"({"typeid":"x","inherits":["quovanta.spec:spec-1.0.0"],)"
-                                        R"("constants":[{"id":"name","value":"N"}],)"
-                                        R"("properties":[{"id":"value","typeid":"Bool","context":"array"}]})"});
+    ParametersEngine engine = fixture({R"({"typeid":"x","inherits":["quovanta.spec:spec-1.0.0"],)"
+                                       R"("constants":[{"id":"name","value":"N"}],)"
+                                       R"("properties":[{"id":"value","typeid":"Bool","context":"array"}]})"});
     EXPECT_EQ(engine.getSchemaInCompatibleFormat(Version::V3, "x"),
               R"({"typeid":"x","inherits":["quovanta.spec:spec-1.0.0"],"constants":[{"id":"name","value":"N"}],)"
               R"("properties":[{"id":"value","context":"array","typeid":"Bool"}]})");

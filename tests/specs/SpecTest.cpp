@@ -54,14 +54,14 @@ TEST(SpecTest, ReportsTheFirstFaultWhenItIsRegistered) {
         {{"x", "N", Type::Boolean, withUnknownUnit, {}, discipline}, "Could not find unit with typeid unknown."},
         {{"x", "Boolean", Type::Boolean, Measurable({metre}, metre), {}, discipline}, noFloat},
         {{"x", "Float32", "Float32", Measurable({}, metre), full, discipline}, noFloat}};
-    ParametersEngine engine = workshop();
+    ParametersEngine engine = fixture();
     for (const auto& [spec, message] : rows) {
         EXPECT_THROWS(engine.registerSpec(spec), ValidationException, message) << spec.getName();
     }
 }
 
 TEST(SpecTest, IsCompletedWhenItIsRegistered) {
-    ParametersEngine engine = workshop();
+    ParametersEngine engine = fixture();
     engine.registerDiscipline(Taxon("quovanta.spec:discipline-9", "Own", {}));
     for (const auto& [typeId, name] :
          Cases{{"d", "D"}, {"quovanta.spec:discipline-9", "Own"}, {"quovanta.spec:discipline-2.0.0", "Common"}}) {

@@ -29,7 +29,7 @@ inline std::string listed(const Texts& members) {
 
 /// An engine with the disciplines "d" and "e", the domain "o", the major category "m" of "o", its subcategory "s", the
 /// units "metre" and "inch" of the dimension "length", and more documents.
-inline ParametersEngine workshop(Texts texts = {}) {
+inline ParametersEngine fixture(Texts texts = {}) {
     using namespace Documents;
     const std::string references = nameConstant("N") + "," + reference("domain", "o") + "," + reference("parent", "m");
     texts.insert(texts.end(), {discipline("d", "D"), discipline("e", "E"), domain("o", "O"), dimension("length", "L"),
@@ -47,7 +47,7 @@ inline ParametersEngine workshop(Texts texts = {}) {
 /// Demands that documents are refused, at once or when they are resolved.
 inline void expectRefused(const Cases& cases) {
     for (const auto& [text, message] : cases) {
-        EXPECT_THROWS(workshop({text}), ValidationException, message) << text;
+        EXPECT_THROWS(fixture({text}), ValidationException, message) << text;
     }
 }
 
@@ -76,19 +76,19 @@ template <class Object> struct Kind {
     void (ParametersEngine::*add)(const Object&);
     Object (ParametersEngine::*get)(const std::string&) const;
 
-    /// A workshop with the object "x" of a document, which is registered directly.
-    [[nodiscard]] ParametersEngine workshopWith(const std::string& document) const {
-        ParametersEngine engine = workshop();
-        (engine.*add)((workshop({document}).*get)("x"));
+    /// A fixture with the object "x" of a document, which is registered directly.
+    [[nodiscard]] ParametersEngine fixtureWith(const std::string& document) const {
+        ParametersEngine engine = fixture();
+        (engine.*add)((fixture({document}).*get)("x"));
         return engine;
     }
 
     /// Demands that these are the texts of that object, and that the object of each is written like it.
     void expectTexts(const std::string& document, const Texts& texts) const {
         SCOPED_TRACE(document);
-        expectTextsOf("x", workshopWith(document), texts);
+        expectTextsOf("x", fixtureWith(document), texts);
         for (const std::string& text : texts) {
-            const std::string again = text.empty() ? text : workshopWith(text).getSchema("x");
+            const std::string again = text.empty() ? text : fixtureWith(text).getSchema("x");
             EXPECT_TRUE(text == again || text == downgraded(again) || text == downgraded(again, "2.0.0")) << again;
         }
     }

@@ -22,7 +22,7 @@ inline std::string newer(const std::string& form, const std::string& constants =
     return fullForm("x", "quovanta.parameter:parameter" + form, name + constants, data(spec));
 }
 
-/// A parameter that refers to objects of three kinds and, through the spec "distance" of the workshop, to units.
+/// A parameter that refers to objects of three kinds and, through the spec "distance" of the fixture, to units.
 inline std::string ranged(const std::string& group = "group", const std::string& spec = "distance") {
     return older(".ranged.int64-1", "," + reference("range", "ints") + "," + reference("group", group), spec);
 }
@@ -31,14 +31,14 @@ inline std::string ranged(const std::string& group = "group", const std::string&
 
 namespace Parameters {
 
-/// The workshop with more that a parameter can refer to. The typeids tell what it is, those of most specs being their
+/// The fixture with more that a parameter can refer to. The typeids tell what it is, those of most specs being their
 /// value types.
-inline ParametersEngine parameterWorkshop() {
+inline ParametersEngine parameterFixture() {
     constexpr auto old = Format::PropertySets;
     constexpr auto full = Format::LumarDataSchema;
     const std::string constants = Documents::nameConstant("N") + "," + Documents::reference("storageUnit", "metre");
     ParametersEngine engine =
-        workshop({Documents::shortForm("distance", "quovanta.spec:spec.measurable-2.1.0", constants)});
+        fixture({Documents::shortForm("distance", "quovanta.spec:spec.measurable-2.1.0", constants)});
     engine.registerGroup(Taxon("group", "Group", old));
     engine.registerCategory(Category("major", "Major", MajorCategoryComponent(engine.getDomain("o"), {}), full));
     engine.registerEnumeration(Enumeration("choices", {{"a", 1}}, old));

@@ -43,7 +43,7 @@ TEST(CategoryTest, ReportsTheFirstFaultOfADocument) {
                    {sub(bad), "Schema x has an undefined name constant."},
                    {sub(name + bad), "A typedValue must be an object."},
                    {sub(name + reference("parent", "p")), "Parent p of subcategory x is not a major category."}});
-    const auto missing = workshop().registerSchema(major(name + strange + reference("domain", "a"))).first;
+    const auto missing = fixture().registerSchema(major(name + strange + reference("domain", "a"))).first;
     EXPECT_EQ(missing, (std::set<std::string>{"a", "y", "z"}));
 }
 
@@ -56,7 +56,7 @@ TEST(CategoryTest, IsCheckedAndCompletedWhenItIsRegistered) {
         {{"x", "N", Major(o, {o}), {}}, "Could not find discipline with typeid o"},
         {{"x", "N", Sub("z"), {}}, "Could not find category with typeid z"},
         {{"x", "N", Sub("s"), {}}, "Parent s of subcategory x is not a major category."}};
-    ParametersEngine engine = workshop();
+    ParametersEngine engine = fixture();
     for (const auto& [category, message] : cases) {
         EXPECT_THROWS(engine.registerCategory(category), ValidationException, message);
     }

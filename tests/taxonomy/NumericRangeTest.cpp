@@ -23,7 +23,7 @@ TEST(NumericRangeTest, ReadsFlagsAndWritesTheBoundariesThatBind) {
                               R"({"id":"fromTop","typeid":"Bool","value":false})";
     intRanges.expectTexts(fullForm("x", "acme." + ints + "9", flags + numbers), shortForm("x", ints + "1.0.0", older),
                           fullForm("x", ints + "2.0.0", newer));
-    EXPECT_EQ(workshop({shortForm("x", ints, flags + numbers)}).getIntRange("x").getTopBoundary(), -3);
+    EXPECT_EQ(fixture({shortForm("x", ints, flags + numbers)}).getIntRange("x").getTopBoundary(), -3);
 }
 
 TEST(NumericRangeTest, WritesNumbersAsFarAsJSONHasThem) {
@@ -32,7 +32,7 @@ TEST(NumericRangeTest, WritesNumbersAsFarAsJSONHasThem) {
                              R"({"id":"topBoundary","value":10000000000000000000.0,"typeid":"Float64"})";
     const std::string integer =
         bound + top + R"({"id":"topBoundary","value":10000000000000000000},{"id":"bottomBoundary","value":-0.0})";
-    EXPECT_EQ(floatRanges.workshopWith(fullForm("x", "acme." + floats, integer)).getSchema("x"),
+    EXPECT_EQ(floatRanges.fixtureWith(fullForm("x", "acme." + floats, integer)).getSchema("x"),
               fullForm("x", floats + "2.0.0", text));
     for (const double boundary : {HUGE_VAL, std::nan("")}) {
         ParametersEngine engine;

@@ -15,7 +15,7 @@ void expectWritten(const std::string& form, const std::string& spec, const std::
         {base + "1.0.0", base + "1.0.0", true}, {base + "1.5.0", base + "1.5.0", true},
         {base + "2.0.0", base + "1.0.0", true}, {base + "10.0.0", base + "1.0.0", true},
         {base, base + "1.0.0", true},           {"acme." + base + "2.0.0", "acme." + base + "2.0.0", isInlineInside}};
-    const ParametersEngine engine = parameterWorkshop();
+    const ParametersEngine engine = parameterFixture();
     for (const auto& [typeId, olderTypeId, isInline] : rows) {
         const Parameter parameter("x", "N", engine.getSpec(spec), engine.getGroup("quovanta.parameter:group-2.0.0"),
                                   makeRange(typeId), "", "", false);
