@@ -13,8 +13,8 @@ add_library(parameters_frame OBJECT
     ${parameters_sources}/schema/JSONWriter.cpp
     ${parameters_sources}/schema/SchemaDocument.cpp
     ${parameters_sources}/schema/SchemaDocumentWriting.cpp
-    ${parameters_sources}/schema/TextArena.cpp
-    ${parameters_sources}/schema/TypeIdMap.cpp)
+    ${parameters_sources}/base/TextArena.cpp
+    ${parameters_sources}/base/TypeIdMap.cpp)
 parameters_library_defaults(parameters_frame)
 parameters_own_build(parameters_frame)
 target_include_directories(parameters_frame PUBLIC

@@ -1,5 +1,6 @@
 #include "Checks.h"
 
+#include "schema/DataModels.h"
 #include "support/FinishedObjects.h"
 
 #include <cstdio>
@@ -11,8 +12,6 @@ namespace Fuzz {
 using namespace Parameters;
 
 namespace {
-
-constexpr DataModelVersion allVersions[] = {DataModelVersion::V1, DataModelVersion::V2, DataModelVersion::V3};
 
 std::size_t countOfObjects(const ParametersEngine& engine) {
     return engine.getAllCategories().size() + engine.getAllDisciplines().size() + engine.getAllDomains().size() +
@@ -132,7 +131,8 @@ void checkWrittenTexts(const ParametersEngine& engine, const std::string& typeId
         return;
     }
     const auto [lowest, highest] = engine.getCompatibleDataModelRange(typeId);
-    for (const DataModelVersion version : allVersions) {
+    for (std::size_t i = 0; i < Frame::dataModels.size(); ++i) {
+        const auto version = static_cast<DataModelVersion>(i);
         std::string text, written, again;
         const bool isWritten = succeeds([&] { text = engine.getSchemaInCompatibleFormat(version, typeId); });
         require(isWritten == (lowest <= version && version <= highest), "what is compatible is written", typeId);

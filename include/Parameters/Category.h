@@ -30,7 +30,7 @@ public:
     [[nodiscard]] std::string getParentCategory() const;
 
 private:
-    friend struct Internals;
+    friend struct CategoryInternals;
     std::string parentCategory_;
 };
 
@@ -51,7 +51,7 @@ public:
     [[nodiscard]] std::vector<Taxon> getDisciplines() const;
 
 private:
-    friend struct Internals;
+    friend struct CategoryInternals;
     Taxon domain_;
     std::vector<Taxon> disciplines_;
 };

@@ -28,7 +28,7 @@ public:
     [[nodiscard]] std::string getRegex() const;
 
 private:
-    friend struct Internals;
+    friend struct StringRangeInternals;
     std::string regex_;
 };
 
@@ -48,7 +48,7 @@ public:
     [[nodiscard]] std::vector<std::string> getAllowedValues() const;
 
 private:
-    friend struct Internals;
+    friend struct StringRangeInternals;
     std::vector<std::string> allowedValues_;
 };
 

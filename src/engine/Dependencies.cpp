@@ -1,5 +1,5 @@
+#include "base/UnitsErrors.h"
 #include "engine/EngineImpl.h"
-#include "schema/UnitsErrors.h"
 
 #include <set>
 #include <string>

@@ -33,7 +33,7 @@ struct EngineImpl {
     void requireUnregistered(const std::string& typeId, const TypeIdKey& key) const {
         primary.requireAbsent(key);
         if (isBuiltInTypeId(typeId) || units.isRegistered(typeId)) {
-            Registry::raiseAlreadyRegistered(typeId);
+            Registry::throwAlreadyRegistered(typeId);
         }
     }
 

@@ -1,5 +1,5 @@
+#include "base/UnitsErrors.h"
 #include "engine/EngineImpl.h"
-#include "schema/UnitsErrors.h"
 
 #include <set>
 #include <string>
@@ -35,7 +35,7 @@ TypeIds closureInContext(TypeIds work, EngineImpl& engine, const ParametersEngin
         }
         work.merge(contextEngine.getDependencies(typeId));
         if (!context.primary.visitFinished(typeId, [](auto /*kind*/, const auto& /*item*/) {})) {
-            raiseUnknownTypeId(typeId);
+            throwUnknownTypeId(typeId);
         }
         toCopy.insert(typeId);
     }

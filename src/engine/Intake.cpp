@@ -1,6 +1,6 @@
+#include "base/UnitsErrors.h"
 #include "engine/EngineImpl.h"
-#include "schema/UnitsErrors.h"
-#include "schema/ValidationExceptionFactory.h"
+#include "engine/ValidationExceptionFactory.h"
 
 #include <utility>
 

@@ -1,14 +1,12 @@
 #pragma once
 
 #include "engine/KindList.h"
-#include "schema/Conversion.h"
-#include "schema/KindNames.h"
+#include "schema/DataModels.h"
+#include "schema/Vocabulary.h"
 #include "specs/ParameterData.h"
 #include "specs/ParameterSchema.h"
-#include "specs/ParameterSchemaWriting.h"
 #include "specs/SpecData.h"
 #include "specs/SpecSchema.h"
-#include "specs/SpecSchemaWriting.h"
 #include "taxonomy/CategoryData.h"
 #include "taxonomy/CategorySchema.h"
 #include "taxonomy/EnumerationData.h"
@@ -205,7 +203,7 @@ struct SpecKind : KindDefaults {
     static void write(const Object& spec, JSON::Writer& target, DataModelVersion version) {
         writeSpecSchema(spec, target, version);
     }
-    static Conversion conversionOf(const Object& spec) { return conversionOfSpecKind(spec); }
+    static Conversion conversionOf(const Object& spec) { return conversionOfSpecItself(spec); }
 };
 
 struct ParameterKind : KindDefaults {

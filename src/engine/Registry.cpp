@@ -10,7 +10,7 @@ void Registry::reserveFor(const Registry& other) {
         auto& items = store<decltype(kind)>();
         makeRoom(items.finished, items.staged.size() + other.store<decltype(kind)>().finished.size());
     });
-    places_.reserveFor(other.places_);
+    index_.reserveFor(other.index_);
     texts_.reserve(other.texts_.usedSize());
 }
 
@@ -19,7 +19,7 @@ void Registry::finishPending() noexcept {
         using Kind = decltype(kind);
         auto& items = store<Kind>();
         for (std::size_t i = 0; i < items.pending.size(); ++i) {
-            places_[items.pending[i].entry].value = placeOf<Kind>(items.staged[i], items.finished.size());
+            index_[items.pending[i].entry].value = placeOf<Kind>(items.staged[i], items.finished.size());
             items.finished.push_back(std::move(items.staged[i]));
         }
         items.clearPending();
@@ -28,14 +28,14 @@ void Registry::finishPending() noexcept {
 }
 
 void Registry::dropPending() noexcept {
-    std::size_t first = places_.size();
+    std::size_t first = index_.size();
     AllKinds::forEach([&](auto kind) {
         auto& items = store<decltype(kind)>();
         if (!items.pending.empty()) {
             first = std::min(first, items.pending.front().entry);
         }
         for (const auto& schema : items.pending) {
-            texts_.waste(schema.text.size());
+            texts_.discard(schema.text.size());
         }
         items.clearPending();
     });
@@ -43,11 +43,11 @@ void Registry::dropPending() noexcept {
     if (texts_.usedSize() == 0) {
         texts_ = {};
     }
-    places_.eraseIf(first, [](const ItemPlace& place) { return place.isPending; });
+    index_.eraseIf(first, [](const ItemLocation& place) { return place.isPending; });
 }
 
 void Registry::takeFinished(Registry& other) noexcept {
-    for (auto& entry : other.places_) {
+    for (auto& entry : other.index_) {
         const TypeIdKey key(entry.typeId());
         if (contains(key)) {
             continue;
@@ -60,9 +60,9 @@ void Registry::takeFinished(Registry& other) noexcept {
     }
 }
 
-void Registry::tidyUp() {
+void Registry::compact() {
     // Only dropping what is pending wastes texts, and the next addition sees it: nothing is pending here.
-    if (!texts_.isWasteful(places_.size())) {
+    if (!texts_.isMostlyDiscarded(index_.size())) {
         return;
     }
     assert(!AllKinds::any([&](auto kind) { return !store<decltype(kind)>().pending.empty(); }));

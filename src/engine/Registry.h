@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/StoreList.h"
+#include "base/Text.h"
 #include "engine/Kinds.h"
-#include "engine/StoreList.h"
-#include "schema/Prefetch.h"
-#include "schema/Text.h"
+#include "engine/Prefetch.h"
 
 #include <Parameters/Exceptions.h>
 
@@ -41,7 +41,7 @@ private:
 };
 
 /// A schema that has been read and waits for its resolution, with its text byte for byte, which is kept elsewhere.
-template <class Body> struct PendingSchema {
+template <class Body> struct PendingItem {
     Boxed<Body> body;
     std::string_view text;
     /// Its position in the registry's index.
@@ -54,25 +54,25 @@ template <class Kind> struct KindStore : ObjectStore<typename Kind::Object> {
         : ObjectStore<typename Kind::Object>{static_cast<std::uint8_t>(AllKinds::positionOf<Kind>()), {}, {}} {}
 
     void clearPending() noexcept {
-        pending = std::vector<PendingSchema<typename Kind::Body>>();
+        pending = std::vector<PendingItem<typename Kind::Body>>();
         this->staged = std::vector<FinishedItem<typename Kind::Object>>();
     }
 
-    std::vector<PendingSchema<typename Kind::Body>> pending;
+    std::vector<PendingItem<typename Kind::Body>> pending;
 };
 
 /// Everything that is known by typeid, each item either finished or pending, of one kind.
 class Registry {
 public:
     /// Whether the typeid is that of a finished object or of a pending schema.
-    [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return places_.contains(key); }
+    [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return index_.contains(key); }
 
     // What a look-up waits for in a large registry, to be fetched before. Each reads what the one before it fetches.
 
-    void prefetchIndex(const TypeIdKey& key) const noexcept { places_.prefetchIndex(key); }
-    void prefetchEntry(const TypeIdKey& key) const noexcept { places_.prefetchEntry(key); }
+    void prefetchIndex(const TypeIdKey& key) const noexcept { index_.prefetchIndex(key); }
+    void prefetchEntry(const TypeIdKey& key) const noexcept { index_.prefetchEntry(key); }
     void prefetchItem(const TypeIdKey& key) const noexcept {
-        const ItemPlace* place = places_.findLikelyValue(key);
+        const ItemLocation* place = index_.findLikelyValue(key);
         if (place == nullptr || place->data == nullptr) {
             return;
         }
@@ -87,25 +87,25 @@ public:
         return std::get<KindStore<Kind>>(stores_);
     }
 
-    [[nodiscard]] std::string_view typeIdAt(std::size_t entry) const noexcept { return places_[entry].typeId(); }
+    [[nodiscard]] std::string_view typeIdAt(std::size_t entry) const noexcept { return index_[entry].typeId(); }
 
     /// The finished object, or null.
     template <class Kind> [[nodiscard]] const auto* find(const TypeIdKey& key) const noexcept {
-        return store<Kind>().find(places_, key);
+        return store<Kind>().find(index_, key);
     }
 
     template <class Kind> [[nodiscard]] const typename Kind::Object& lookupObject(const TypeIdKey& key) const {
         const auto* item = find<Kind>(key);
         if (item == nullptr) {
             throw UnrecognizedIdentifierException(
-                joined({"Could not find ", Kind::name, " with typeid ", key.typeId, "."}));
+                concat({"Could not find ", Kind::name, " with typeid ", key.typeId, "."}));
         }
         return item->object;
     }
 
     /// Calls visit with the kind and the item if the typeid is that of a finished object; whether it is.
     template <class Visit> bool visitFinished(const TypeIdKey& key, Visit visit) const {
-        const ItemPlace* place = places_.find(key);
+        const ItemLocation* place = index_.find(key);
         if (place == nullptr || place->isPending) {
             return false;
         }
@@ -119,7 +119,7 @@ public:
     }
 
     template <class Kind> void addTo(StoreList<typename Kind::Object>& list) const noexcept {
-        list.add(places_, store<Kind>());
+        list.add(index_, store<Kind>());
     }
 
     void requireAbsent(const TypeIdKey& key) const {
@@ -127,31 +127,31 @@ public:
             throw ValidationException("Typeid must not be empty.");
         }
         if (contains(key)) {
-            raiseAlreadyRegistered(key.typeId);
+            throwAlreadyRegistered(key.typeId);
         }
     }
 
-    [[noreturn]] static void raiseAlreadyRegistered(std::string_view typeId) {
-        throw ValidationException(joined({"Schema with typeid ", typeId, " is already registered."}));
+    [[noreturn]] static void throwAlreadyRegistered(std::string_view typeId) {
+        throw ValidationException(concat({"Schema with typeid ", typeId, " is already registered."}));
     }
 
     /// The text is copied.
     template <class Kind> void addObject(typename Kind::Object object, std::string_view text) {
         const TypeIdKey key(typeIdOf(object));
         requireAbsent(key);
-        tidyUp();
+        compact();
         add<Kind>(store<Kind>().finished, key, {std::move(object), text});
     }
 
     /// The typeid must be absent. The text is copied, and so are the texts of the body that are no parts of it.
     template <class Kind> void addPending(const TypeIdKey& key, typename Kind::Body body, std::string_view text) {
-        tidyUp();
+        compact();
         std::size_t size = 0;
         Kind::visitTexts(body, [&](std::string_view part) { size += isPartOf(part, text) ? 0 : part.size(); });
         pendingTexts_.reserve(size);
         auto& schemas = store<Kind>().pending;
-        add<Kind>(schemas, key, {Boxed(std::move(body)), text, places_.size()});
-        PendingSchema<typename Kind::Body>& schema = schemas.back();
+        add<Kind>(schemas, key, {Boxed(std::move(body)), text, index_.size()});
+        PendingItem<typename Kind::Body>& schema = schemas.back();
         Kind::visitTexts(*schema.body, [&](std::string_view& part) {
             part = isPartOf(part, text)
                        ? std::string_view(schema.text.data() + (part.data() - text.data()), part.size())
@@ -160,10 +160,10 @@ public:
     }
 
     /// Keeps what has been made of the next pending schema of its kind. There must be room.
-    template <class Kind> void stage(const PendingSchema<typename Kind::Body>& schema, typename Kind::Object object) {
+    template <class Kind> void stage(const PendingItem<typename Kind::Body>& schema, typename Kind::Object object) {
         auto& staged = store<Kind>().staged;
         staged.push_back({std::move(object), schema.text});
-        places_[schema.entry].value.data = &Internals::dataOf(staged.back().object);
+        index_[schema.entry].value.data = &Internals::dataOf(staged.back().object);
     }
 
     /// Makes room for finishPending() and then takeFinished() of the other, so that these can't fail half-way.
@@ -194,14 +194,14 @@ private:
     }
 
     template <class Kind>
-    [[nodiscard]] static ItemPlace placeOf(const FinishedItem<typename Kind::Object>& item,
-                                           std::size_t position) noexcept {
+    [[nodiscard]] static ItemLocation placeOf(const FinishedItem<typename Kind::Object>& item,
+                                              std::size_t position) noexcept {
         return {static_cast<std::uint8_t>(AllKinds::positionOf<Kind>()), false, static_cast<std::uint32_t>(position),
                 &Internals::dataOf(item.object)};
     }
     template <class Kind>
-    [[nodiscard]] static ItemPlace placeOf(const PendingSchema<typename Kind::Body>& /*schema*/,
-                                           std::size_t position) noexcept {
+    [[nodiscard]] static ItemLocation placeOf(const PendingItem<typename Kind::Body>& /*schema*/,
+                                              std::size_t position) noexcept {
         return {static_cast<std::uint8_t>(AllKinds::positionOf<Kind>()), true, static_cast<std::uint32_t>(position),
                 nullptr};
     }
@@ -210,20 +210,20 @@ private:
     /// that can be seen.
     template <class Kind, class Item> void add(std::vector<Item>& items, const TypeIdKey& key, Item item) {
         makeRoom(items, 1);
-        places_.reserveFor(key);
+        index_.reserveFor(key);
         item.text = texts_.add(item.text);
-        places_.insert(key, placeOf<Kind>(item, items.size()));
+        index_.insert(key, placeOf<Kind>(item, items.size()));
         items.push_back(std::move(item));
     }
 
     /// Lets go of the texts of dropped schemas if they are too many.
-    void tidyUp();
+    void compact();
 
     /// The texts of all items.
     TextArena texts_;
     /// What pending schemas have read and is no part of their texts.
     TextArena pendingTexts_;
-    ItemPlaces places_;
+    ItemIndex index_;
     decltype(storesOf(AllKinds{})) stores_;
 };
 

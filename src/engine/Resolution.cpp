@@ -1,5 +1,5 @@
+#include "base/UnitsErrors.h"
 #include "engine/EngineImpl.h"
-#include "schema/UnitsErrors.h"
 
 #include <exception>
 #include <string>
@@ -65,8 +65,8 @@ private:
 
 /// Has the processor fetch, step by step, what is needed for the schemas some places behind a position.
 template <class Kind>
-void prefetchAhead(const Registry& registry, UnitFinder& units,
-                   std::vector<PendingSchema<typename Kind::Body>>& schemas, std::size_t position) {
+void prefetchAhead(const Registry& registry, UnitFinder& units, std::vector<PendingItem<typename Kind::Body>>& schemas,
+                   std::size_t position) {
     constexpr std::size_t stepSize = 3;
     const auto visitAhead = [&](std::size_t steps, const auto& visit) {
         if (const std::size_t ahead = position + steps * stepSize; ahead < schemas.size()) {
@@ -112,7 +112,7 @@ void checkSubcategoryParents(const StoreList<Category>& stores, const std::vecto
         }
         const Category* parent = stores.find(*parentTypeId);
         if (parent == nullptr || !isMajor(*parent)) {
-            raiseParentNotMajor(*parentTypeId, typeIdOfItem(item));
+            throwParentNotMajor(*parentTypeId, typeIdOfItem(item));
         }
     });
 }

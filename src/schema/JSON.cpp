@@ -1,6 +1,6 @@
 #include "schema/JSON.h"
 
-#include "schema/Prefetch.h"
+#include "engine/Prefetch.h"
 #include "schema/RapidJSON.h"
 
 #include <algorithm>
@@ -261,8 +261,7 @@ JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& te
     };
     json.tree_->document.Populate(generate);
     if (result.IsError()) {
-        json.raise("JSON parsing error at offset " + std::to_string(result.Offset()) + ": " +
-                   messageFor(result.Code()));
+        json.fail("JSON parsing error at offset " + std::to_string(result.Offset()) + ": " + messageFor(result.Code()));
     }
     return json;
 }
@@ -314,17 +313,17 @@ std::map<std::string_view, std::string_view> JSON::getStringMap() const {
     std::map<std::string_view, std::string_view> strings;
     for (const auto& member : Access::value(*this).GetObject()) {
         if (!member.name.IsString()) {
-            raise("Expected a map with string keys and values, but key was not a string.");
+            fail("Expected a map with string keys and values, but key was not a string.");
         }
         if (!member.value.IsString()) {
-            raise("Expected a map with string keys and values, but value was not a string.");
+            fail("Expected a map with string keys and values, but value was not a string.");
         }
         strings[Access::text(member.name)] = Access::text(member.value);
     }
     return strings;
 }
 
-void JSON::raise(const std::string& message) const {
+void JSON::fail(const std::string& message) const {
     std::rethrow_exception(exceptionFactory_->createException(message));
 }
 

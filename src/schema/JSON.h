@@ -28,7 +28,7 @@ public:
         alignas(16) std::byte memory[16 * 1024];
     };
 
-    /// Parses text up to its first NUL. Errors are raised through the factory as "JSON parsing error at offset
+    /// Parses text up to its first NUL. Errors are thrown through the factory as "JSON parsing error at offset
     /// {offset}: {message}"; a nesting deeper than maximumDepth is among them.
     /// The factory, the text and the scratch, if there is one, must outlive the tree.
     [[nodiscard]] static JSON parse(const ExceptionFactory& exceptionFactory, const std::string& text,
@@ -87,7 +87,7 @@ public:
     [[nodiscard]] std::map<std::string_view, std::string_view> getStringMap() const;
 
     /// Throws what the factory makes of the message.
-    [[noreturn]] void raise(const std::string& message) const;
+    [[noreturn]] void fail(const std::string& message) const;
 
 private:
     struct Tree;

@@ -1,6 +1,6 @@
 #include "schema/SchemaDocument.h"
 
-#include "schema/Text.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -13,15 +13,15 @@ namespace {
 /// Refuses what is no array of strings that all hold something.
 void requireNonEmptyStringArray(const JSON& json) {
     if (!json.isArray()) {
-        json.raise("Expected an array.");
+        json.fail("Expected an array.");
     }
     for (std::uint32_t i = 0; i < json.getSize(); ++i) {
         const JSON element = json.getElement(i);
         if (!element.isString()) {
-            json.raise("Expected an array of strings.");
+            json.fail("Expected an array of strings.");
         }
         if (element.getStringView().empty()) {
-            json.raise("Expected an array of non-empty strings.");
+            json.fail("Expected an array of non-empty strings.");
         }
     }
 }
@@ -67,7 +67,7 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
         return {};
     }
     if (!array.isArray()) {
-        root.raise(joined({"Expected schema ", key, " to be an array."}));
+        root.fail(concat({"Expected schema ", key, " to be an array."}));
     }
     std::vector<SchemaMember> members;
     members.reserve(array.getSize());
@@ -76,11 +76,11 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
         JSON element = array.getElement(i);
         const JSON id = element.getMember(Frame::id);
         if (const char* fault = faultOf(element, id)) {
-            root.raise(fault);
+            root.fail(fault);
         }
         const std::string_view idText = id.getStringView();
         if (repetitions.isRepeated(idText, members)) {
-            root.raise(joined({"Item ", idText, " in ", key, " array must be defined only once."}));
+            root.fail(concat({"Item ", idText, " in ", key, " array must be defined only once."}));
         }
         members.push_back({idText, std::move(element)});
     }
@@ -95,7 +95,7 @@ SchemaMembers readConstants(const JSON& root) {
             value = constant.json.getMember(Frame::typedValue);
         }
         if (!value.exists()) {
-            root.raise("A property definition must contain either a value or a typedValue.");
+            root.fail("A property definition must contain either a value or a typedValue.");
         }
         constant.json = std::move(value);
     }
@@ -110,7 +110,7 @@ void readFormat(const JSON& root, SchemaDocument& document) {
     const JSON type = root.getMember(Frame::schemaType);
     if (!specification.isString() || specification.getStringView() != Frame::specificationMarker ||
         (type.exists() && !type.isString())) {
-        root.raise("Unsupported schema specification version.");
+        root.fail("Unsupported schema specification version.");
     }
     document.schemaFormat = Units::SchemaFormat::LumarDataSchema;
     document.schemaType = type.exists() ? type.getStringView() : Frame::componentType;
@@ -119,11 +119,11 @@ void readFormat(const JSON& root, SchemaDocument& document) {
 std::string_view readBaseSchema(const JSON& root) {
     const JSON inherits = root.getMember(Frame::inherits);
     if (!inherits.exists()) {
-        root.raise("Schema must specify an inheritance array.");
+        root.fail("Schema must specify an inheritance array.");
     }
     requireNonEmptyStringArray(inherits);
     if (inherits.getSize() != 1) {
-        root.raise("Inheritance clause must specify exactly one base schema.");
+        root.fail("Inheritance clause must specify exactly one base schema.");
     }
     return inherits.getElement(0).getStringView();
 }
@@ -152,11 +152,11 @@ SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, cons
     JSON root = JSON::parse(exceptionFactory, text, scratch);
     const JSON typeId = root.getMember(Frame::typeId);
     if (!typeId.isString()) {
-        root.raise("Schema must specify a typeid string.");
+        root.fail("Schema must specify a typeid string.");
     }
     SchemaDocument document{typeId.getString(), {}, {}, Units::SchemaFormat::PropertySets, {}, {}, {}, std::move(root)};
     if (document.typeId.empty()) {
-        document.raise("The typeid string may not be empty.");
+        document.fail("The typeid string may not be empty.");
     }
     readFormat(document.root, document);
     if (document.schemaType != Frame::enumType) {
@@ -171,42 +171,42 @@ SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, cons
 std::string_view readString(const JSON& json) {
     const std::string_view text = readAnyString(json);
     if (text.empty()) {
-        json.raise("Expected a non-empty string.");
+        json.fail("Expected a non-empty string.");
     }
     return text;
 }
 
 std::string_view readAnyString(const JSON& json) {
     if (!json.isString()) {
-        json.raise("Expected a string.");
+        json.fail("Expected a string.");
     }
     return json.getStringView();
 }
 
 double readNumber(const JSON& json) {
     if (!json.isNumber()) {
-        json.raise("Expected a number.");
+        json.fail("Expected a number.");
     }
     return json.getDouble();
 }
 
 std::int64_t readInteger(const JSON& json) {
     if (!json.isInt64()) {
-        json.raise("Expected an integer.");
+        json.fail("Expected an integer.");
     }
     return json.getInt64();
 }
 
 bool readBool(const JSON& json) {
     if (!json.isBool()) {
-        json.raise("Expected a Boolean value.");
+        json.fail("Expected a Boolean value.");
     }
     return json.getBool();
 }
 
 std::string_view readTypedValue(const JSON& json) {
     if (!json.isObject()) {
-        json.raise("A typedValue must be an object.");
+        json.fail("A typedValue must be an object.");
     }
     if (json.getSize() == 1) {
         // The form that nearly all have. Anything else is looked at as a whole, to say what is wrong with it.
@@ -217,21 +217,21 @@ std::string_view readTypedValue(const JSON& json) {
     }
     const auto attributes = json.getStringMap();
     if (attributes.size() != 1) {
-        json.raise("A typedValue object may not be empty and must contain a typeid attribute only.");
+        json.fail("A typedValue object may not be empty and must contain a typeid attribute only.");
     }
     const auto& [key, typeId] = *attributes.begin();
     if (key != Frame::typeId) {
-        json.raise("A typedValue did not contain a typeid attribute.");
+        json.fail("A typedValue did not contain a typeid attribute.");
     }
     if (typeId.empty()) {
-        json.raise("A typeid attribute in a typedValue object may not be empty.");
+        json.fail("A typeid attribute in a typedValue object may not be empty.");
     }
     return typeId;
 }
 
 std::vector<std::string_view> readTypedValueArray(const JSON& json) {
     if (!json.isArray()) {
-        json.raise("Expected an array of typedValue objects.");
+        json.fail("Expected an array of typedValue objects.");
     }
     std::vector<std::string_view> typeIds;
     typeIds.reserve(json.getSize());
@@ -241,8 +241,8 @@ std::vector<std::string_view> readTypedValueArray(const JSON& json) {
     return typeIds;
 }
 
-void raiseUndefinedConstant(const SchemaDocument& document, std::string_view key) {
-    document.raise(joined({"Schema ", document.typeId, " has an undefined ", key, " constant."}));
+void throwUndefinedConstant(const SchemaDocument& document, std::string_view key) {
+    document.fail(concat({"Schema ", document.typeId, " has an undefined ", key, " constant."}));
 }
 
 std::string_view readStringConstant(const SchemaDocument& document, std::string_view key,
@@ -286,12 +286,12 @@ std::optional<std::string_view> readTypeIdAttribute(const JSON& json) {
 std::string_view readPropertyTypeId(const SchemaDocument& document, std::string_view key) {
     const JSON* property = document.properties.find(key);
     if (property == nullptr) {
-        document.raise(joined({"Schema ", document.typeId, " has an undefined \"", key, "\" property."}));
+        document.fail(concat({"Schema ", document.typeId, " has an undefined \"", key, "\" property."}));
     }
     const auto typeId = readTypeIdAttribute(*property);
     if (!typeId) {
-        document.raise(
-            joined({"Property \"", key, "\" in schema ", document.typeId, " must specify a nonempty typeid string."}));
+        document.fail(
+            concat({"Property \"", key, "\" in schema ", document.typeId, " must specify a nonempty typeid string."}));
     }
     return *typeId;
 }

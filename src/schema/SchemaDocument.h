@@ -55,11 +55,11 @@ struct SchemaDocument {
     JSON root;
 
     /// Throws the message in the exception type of whoever had the document read.
-    [[noreturn]] void raise(const std::string& message) const { root.raise(message); }
+    [[noreturn]] void fail(const std::string& message) const { root.fail(message); }
 };
 
 /// Parses a text, which must outlive the document, and checks the frame. All errors of it, and of the readers below,
-/// are raised through the factory.
+/// are thrown through the factory.
 [[nodiscard]] SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
                                                 JSON::Scratch* scratch = nullptr);
 
@@ -91,7 +91,7 @@ template <class... Handles> void readMembers(const SchemaMembers& section, const
 [[nodiscard]] std::string_view readTypedValue(const JSON& json);
 [[nodiscard]] std::vector<std::string_view> readTypedValueArray(const JSON& json);
 
-[[noreturn]] void raiseUndefinedConstant(const SchemaDocument& document, std::string_view key);
+[[noreturn]] void throwUndefinedConstant(const SchemaDocument& document, std::string_view key);
 
 /// The value of a constant, read by one of the functions above, or the default. With neither: "Schema {typeid} has an
 /// undefined {key} constant."
@@ -100,7 +100,7 @@ template <class Result>
                                   Result (*read)(const JSON&)) {
     readMembers(document.constants, MemberHandler{key, [&](const JSON& json) { value = read(json); }});
     if (!value) {
-        raiseUndefinedConstant(document, key);
+        throwUndefinedConstant(document, key);
     }
     return *std::move(value);
 }

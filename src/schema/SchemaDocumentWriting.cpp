@@ -1,6 +1,6 @@
 #include "schema/SchemaDocumentWriting.h"
 
-#include "schema/PrimitiveTypeNames.h"
+#include "schema/Vocabulary.h"
 
 namespace Parameters {
 

@@ -182,3 +182,30 @@ inline constexpr std::string_view builtInBeginning = "quovanta.";
 }
 
 } // namespace Parameters
+
+/// The words for the kinds in messages.
+namespace Parameters::KindNames {
+
+inline constexpr std::string_view enumeration = "enumeration";
+inline constexpr std::string_view floatRange = "floating-point range";
+inline constexpr std::string_view intRange = "integer range";
+inline constexpr std::string_view stringRange = "string range";
+inline constexpr std::string_view discipline = "discipline";
+inline constexpr std::string_view spec = "spec";
+inline constexpr std::string_view group = "group";
+inline constexpr std::string_view parameter = "parameter";
+inline constexpr std::string_view domain = "domain";
+inline constexpr std::string_view category = "category";
+
+} // namespace Parameters::KindNames
+
+/// Names of the primitive types, as value types of specs and on the members of documents.
+namespace Parameters::PrimitiveTypeNames {
+
+inline constexpr std::string_view boolean = "Bool";
+inline constexpr std::string_view integer = "Int64";
+inline constexpr std::string_view floatingPoint = "Float64";
+inline constexpr std::string_view reference = "Reference";
+inline constexpr std::string_view string = "String";
+
+} // namespace Parameters::PrimitiveTypeNames

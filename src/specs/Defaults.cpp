@@ -1,6 +1,5 @@
 #include <Parameters/Defaults.h>
 
-#include "schema/PrimitiveTypeNames.h"
 #include "schema/Vocabulary.h"
 #include "specs/PrimitiveSpecs.h"
 #include "taxonomy/DefaultTaxa.h"

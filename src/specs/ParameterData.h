@@ -1,11 +1,22 @@
 #pragma once
 
-#include "specs/ParameterStores.h"
-#include "taxonomy/Internals.h"
+#include "base/Internals.h"
+#include "base/StoreList.h"
 
 #include <Parameters/Parameter.h>
 
 namespace Parameters {
+
+/// Where a parameter's references may be looked up.
+struct ParameterStores {
+    StoreList<Spec> specs;
+    StoreList<Taxon> groups;
+    StoreList<Category> categories;
+    StoreList<Enumeration> enumerations;
+    StoreList<FloatRange> floatRanges;
+    StoreList<IntRange> intRanges;
+    StoreList<StringRange> stringRanges;
+};
 
 struct Parameter::Data {
     std::string typeId;

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "schema/DataModels.h"
+#include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
-#include "specs/ParameterStores.h"
+#include "specs/ParameterData.h"
 #include "specs/RangeConstant.h"
 
+#include <Parameters/DataModelVersion.h>
 #include <Parameters/Parameter.h>
 #include <Units/UnitsEngine.h>
 
@@ -79,5 +82,10 @@ template <class Visit> void visitTexts(ParameterSchema& schema, const Visit& vis
 /// Adds the typeids that a finished parameter depends on, those of its spec and its category included.
 void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,
                              const Units::UnitsEngine& unitsEngine, const StoreList<Category>& categoryStores);
+
+/// Has the processor fetch what it takes to write the parameter, which lies in many places.
+void prefetchForWriting(const Parameter& parameter);
+
+void writeParameterSchema(const Parameter& parameter, JSON::Writer& target, DataModelVersion version);
 
 } // namespace Parameters

@@ -1,6 +1,6 @@
 #include "specs/PrimitiveSpecs.h"
 
-#include "schema/PrimitiveTypeNames.h"
+#include "schema/Vocabulary.h"
 
 #include <Parameters/Defaults.h>
 

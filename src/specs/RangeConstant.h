@@ -1,8 +1,8 @@
 #pragma once
 
-#include "engine/StoreList.h"
+#include "base/StoreList.h"
+#include "base/Text.h"
 #include "schema/SchemaDocument.h"
-#include "schema/Text.h"
 #include "taxonomy/NumericRangeSchema.h"
 #include "taxonomy/StringRangeSchema.h"
 
@@ -41,33 +41,33 @@ inline void readInlineRange(std::string_view base, const JSON& value, Units::Sch
 template <class Range, class Bases>
 [[nodiscard]] RangeConstant<Range> readRangeConstant(const SchemaDocument& document, const Bases& inlineBases) {
     RangeConstant<Range> constant;
-    readMembers(
-        document.constants,
-        MemberHandler{
-            "range", [&](const JSON& json) {
-                const auto rangeTypeId = readTypeIdAttribute(json);
-                if (!rangeTypeId) {
-                    document.raise(
-                        joined({"Schema ", document.typeId,
-                                " must specify a typeid string attribute in its range constant typedValue."}));
-                }
-                const std::string_view typeId = *rangeTypeId;
-                constant.typeId = typeId;
-                const JSON value = json.getMember(Frame::value);
-                if (std::find(inlineBases.begin(), inlineBases.end(), typeId) != inlineBases.end()) {
-                    if (!json.hasMember(Frame::value)) {
-                        document.raise(joined({"Inline value override is required when specifying range schema ",
-                                               typeId, " in range constant typedValue."}));
-                    }
-                    if (!value.isObject()) {
-                        document.raise("Inline value override in range constant typedValue must be an object.");
-                    }
-                    readInlineRange(typeId, value, document.schemaFormat, constant.inlineRange);
-                } else if (json.hasMember(Frame::value) && (!value.isObject() || value.getSize() != 0)) {
-                    document.raise(joined({"Inline value override for range schema ", typeId,
-                                           " in range constant typedValue, if present, must be an empty object."}));
-                }
-            }});
+    readMembers(document.constants,
+                MemberHandler{
+                    "range", [&](const JSON& json) {
+                        const auto rangeTypeId = readTypeIdAttribute(json);
+                        if (!rangeTypeId) {
+                            document.fail(
+                                concat({"Schema ", document.typeId,
+                                        " must specify a typeid string attribute in its range constant typedValue."}));
+                        }
+                        const std::string_view typeId = *rangeTypeId;
+                        constant.typeId = typeId;
+                        const JSON value = json.getMember(Frame::value);
+                        if (std::find(inlineBases.begin(), inlineBases.end(), typeId) != inlineBases.end()) {
+                            if (!json.hasMember(Frame::value)) {
+                                document.fail(concat({"Inline value override is required when specifying range schema ",
+                                                      typeId, " in range constant typedValue."}));
+                            }
+                            if (!value.isObject()) {
+                                document.fail("Inline value override in range constant typedValue must be an object.");
+                            }
+                            readInlineRange(typeId, value, document.schemaFormat, constant.inlineRange);
+                        } else if (json.hasMember(Frame::value) && (!value.isObject() || value.getSize() != 0)) {
+                            document.fail(
+                                concat({"Inline value override for range schema ", typeId,
+                                        " in range constant typedValue, if present, must be an empty object."}));
+                        }
+                    }});
     return constant;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/StoreList.h"
-#include "taxonomy/Internals.h"
+#include "base/Internals.h"
+#include "base/StoreList.h"
 
 #include <Parameters/Spec.h>
 #include <Units/UnitsEngine.h>

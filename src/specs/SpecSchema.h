@@ -1,9 +1,12 @@
 #pragma once
 
-#include "engine/StoreList.h"
+#include "base/StoreList.h"
+#include "schema/DataModels.h"
+#include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
 #include "specs/UnitFinder.h"
 
+#include <Parameters/DataModelVersion.h>
 #include <Parameters/Spec.h>
 #include <Units/UnitsEngine.h>
 
@@ -70,5 +73,13 @@ template <class Visit> void visitTexts(SpecSchema& schema, const Visit& visit) {
 
 /// Adds the typeids that a finished spec depends on.
 void dependenciesOfSpec(const Spec& spec, std::set<std::string>& result, const Units::UnitsEngine& unitsEngine);
+
+/// The versions of a spec as a parameter on it sees them.
+[[nodiscard]] Conversion conversionOfSpec(const Spec& spec);
+
+/// The versions of the spec itself: those of the built-in primitive types have no document in V1.
+[[nodiscard]] Conversion conversionOfSpecItself(const Spec& spec);
+
+void writeSpecSchema(const Spec& spec, JSON::Writer& target, DataModelVersion version);
 
 } // namespace Parameters

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "schema/TypeIdMap.h"
+#include "base/TypeIdMap.h"
 
 #include <Units/UnitsEngine.h>
 

@@ -54,12 +54,12 @@ bool Category::operator<(const Category& other) const noexcept { return data_->t
 
 const std::string* parentOf(const Category& category) noexcept {
     const auto* component = std::get_if<SubCategoryComponent>(&Internals::dataOf(category).component);
-    return component != nullptr ? &Internals::parentOf(*component) : nullptr;
+    return component != nullptr ? &CategoryInternals::parentOf(*component) : nullptr;
 }
 
-void raiseParentNotMajor(const std::string& parentTypeId, const std::string& typeId) {
+void throwParentNotMajor(const std::string& parentTypeId, const std::string& typeId) {
     throw ValidationException(
-        joined({"Parent ", parentTypeId, " of subcategory ", typeId, " is not a major category."}));
+        concat({"Parent ", parentTypeId, " of subcategory ", typeId, " is not a major category."}));
 }
 
 namespace {
@@ -69,7 +69,7 @@ template <class Object>
 const Object& registered(const StoreList<Object>& stores, std::string_view kind, const std::string& typeId) {
     const Object* object = stores.find(typeId);
     if (object == nullptr) {
-        throw ValidationException(joined({"Could not find ", kind, " with typeid ", typeId}));
+        throw ValidationException(concat({"Could not find ", kind, " with typeid ", typeId}));
     }
     return *object;
 }
@@ -77,9 +77,9 @@ const Object& registered(const StoreList<Object>& stores, std::string_view kind,
 MajorCategoryComponent registeredComponent(const MajorCategoryComponent& component,
                                            const StoreList<Taxon>& disciplineStores,
                                            const StoreList<Taxon>& domainStores) {
-    const Taxon& domain = registered(domainStores, "domain", typeIdOf(Internals::domainOf(component)));
+    const Taxon& domain = registered(domainStores, "domain", typeIdOf(CategoryInternals::domainOf(component)));
     std::vector<Taxon> disciplines;
-    for (const Taxon& discipline : Internals::disciplinesOf(component)) {
+    for (const Taxon& discipline : CategoryInternals::disciplinesOf(component)) {
         disciplines.push_back(registered(disciplineStores, "discipline", typeIdOf(discipline)));
     }
     return {domain, disciplines};
@@ -94,11 +94,12 @@ Category validatedCategory(const Category& category, const StoreList<Taxon>& dis
         throw ValidationException("Name must not be empty.");
     }
     if (const auto* major = std::get_if<MajorCategoryComponent>(&data.component)) {
-        return {data.typeId, data.name, registeredComponent(*major, disciplineStores, domainStores), data.schemaFormat};
+        MajorCategoryComponent component = registeredComponent(*major, disciplineStores, domainStores);
+        return Internals::changed(category, [&](auto& changed) { changed.component = std::move(component); });
     }
     const std::string& parent = *parentOf(category);
     if (!isMajor(registered(categoryStores, "category", parent))) {
-        raiseParentNotMajor(parent, data.typeId);
+        throwParentNotMajor(parent, data.typeId);
     }
     return category;
 }

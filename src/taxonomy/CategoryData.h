@@ -1,11 +1,13 @@
 #pragma once
 
-#include "engine/StoreList.h"
-#include "taxonomy/Internals.h"
+#include "base/Internals.h"
+#include "base/StoreList.h"
 
 #include <Parameters/Category.h>
 
+#include <string>
 #include <variant>
+#include <vector>
 
 namespace Parameters {
 
@@ -14,6 +16,19 @@ struct Category::Data {
     std::string name;
     std::variant<MajorCategoryComponent, SubCategoryComponent> component;
     Units::SchemaFormat schemaFormat;
+};
+
+/// The way to the fields of components, of which the getters return copies.
+struct CategoryInternals {
+    [[nodiscard]] static const std::string& parentOf(const SubCategoryComponent& component) noexcept {
+        return component.parentCategory_;
+    }
+    [[nodiscard]] static const Taxon& domainOf(const MajorCategoryComponent& component) noexcept {
+        return component.domain_;
+    }
+    [[nodiscard]] static const std::vector<Taxon>& disciplinesOf(const MajorCategoryComponent& component) noexcept {
+        return component.disciplines_;
+    }
 };
 
 /// Whether a category has what a subcategory's parent needs.
@@ -25,7 +40,7 @@ struct Category::Data {
 [[nodiscard]] const std::string* parentOf(const Category& category) noexcept;
 
 /// Of a subcategory whose parent is missing or a subcategory itself.
-[[noreturn]] void raiseParentNotMajor(const std::string& parentTypeId, const std::string& typeId);
+[[noreturn]] void throwParentNotMajor(const std::string& parentTypeId, const std::string& typeId);
 
 /// A category that a caller built, rebuilt from the taxa that the engine knows; refuses one without a name, with
 /// unknown taxa, or with a parent that is unknown or not major.

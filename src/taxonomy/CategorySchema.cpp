@@ -1,6 +1,6 @@
 #include "taxonomy/CategorySchema.h"
 
-#include "schema/VersionedFrame.h"
+#include "schema/VersionedWriting.h"
 #include "taxonomy/CategoryData.h"
 #include "taxonomy/TaxonData.h"
 
@@ -69,8 +69,8 @@ void writeCategorySchema(const Category& category, JSON::Writer& target, DataMod
             createTypedValueMember(target, "parent", *parentOf(category));
             return;
         }
-        createTypedValueMember(target, "domain", typeIdOf(Internals::domainOf(*major)));
-        const std::vector<Taxon>& disciplines = Internals::disciplinesOf(*major);
+        createTypedValueMember(target, "domain", typeIdOf(CategoryInternals::domainOf(*major)));
+        const std::vector<Taxon>& disciplines = CategoryInternals::disciplinesOf(*major);
         if (!disciplines.empty()) {
             createTypedValueArrayMember(target, "disciplines", disciplines, typeIdOf<Taxon>);
         }
@@ -87,12 +87,12 @@ void dependenciesOfCategory(const Category& category, std::set<std::string>& res
             throw std::out_of_range("Could not find parent category with typeid " + *parent + ".");
         }
         if (!isMajor(*major)) {
-            raiseParentNotMajor(*parent, typeIdOf(category));
+            throwParentNotMajor(*parent, typeIdOf(category));
         }
     }
     const auto& component = std::get<MajorCategoryComponent>(Internals::dataOf(*major).component);
-    result.insert(typeIdOf(Internals::domainOf(component)));
-    for (const Taxon& discipline : Internals::disciplinesOf(component)) {
+    result.insert(typeIdOf(CategoryInternals::domainOf(component)));
+    for (const Taxon& discipline : CategoryInternals::disciplinesOf(component)) {
         result.insert(typeIdOf(discipline));
     }
 }

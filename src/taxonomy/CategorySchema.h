@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/StoreList.h"
+#include "base/StoreList.h"
 #include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
 

@@ -1,4 +1,4 @@
-#include "schema/Text.h"
+#include "base/Text.h"
 #include "taxonomy/EnumerationData.h"
 
 #include <Parameters/Exceptions.h>
@@ -37,7 +37,7 @@ Enumeration validatedEnumeration(const Enumeration& enumeration) {
             throw ValidationException("ID of value in enumeration must not be empty.");
         }
         if (!ids.insert(id).second) {
-            throw ValidationException(joined({"Value ", id, " must appear only once."}));
+            throw ValidationException(concat({"Value ", id, " must appear only once."}));
         }
     }
     return enumeration;

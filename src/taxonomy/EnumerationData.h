@@ -1,6 +1,6 @@
 #pragma once
 
-#include "taxonomy/Internals.h"
+#include "base/Internals.h"
 
 #include <Parameters/Enumeration.h>
 

@@ -1,7 +1,7 @@
 #include "taxonomy/EnumerationSchema.h"
 
-#include "schema/Text.h"
-#include "schema/VersionedFrame.h"
+#include "base/Text.h"
+#include "schema/VersionedWriting.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,13 +25,13 @@ std::string_view readSpecMember(const SchemaDocument& document, const JSON& memb
     }
     const JSON value = member.getMember(Frame::value);
     if (!value.isObject() || value.getSize() != 0) {
-        document.raise(joined(
+        document.fail(concat(
             {"Value of spec constant in enumeration parameter schema ", document.typeId, " must be an empty object."}));
     }
     const auto spec = readTypeIdAttribute(member);
     if (!spec) {
-        document.raise(joined({"Spec constant in enumeration parameter schema ", document.typeId,
-                               " must specify a nonempty typeid string."}));
+        document.fail(concat({"Spec constant in enumeration parameter schema ", document.typeId,
+                              " must specify a nonempty typeid string."}));
     }
     return *spec;
 }
@@ -46,17 +46,17 @@ std::optional<EnumerationSchema> readEnumerationSchema(const SchemaDocument& doc
     EnumerationSchema schema{{}, document.schemaFormat};
     for (const SchemaMember* item : items->sorted()) {
         if (item->id.empty()) {
-            document.raise(joined({"ID of value in enumeration schema ", document.typeId, " must not be empty."}));
+            document.fail(concat({"ID of value in enumeration schema ", document.typeId, " must not be empty."}));
         }
         const JSON number = item->json.getMember(Frame::value);
         if (!number.isInt64()) {
-            document.raise(joined(
+            document.fail(concat(
                 {"Value ", item->id, " in enumeration schema ", document.typeId, " must specify an integer value."}));
         }
         schema.values.emplace_back(item->id, number.getInt64());
     }
     if (schema.values.empty()) {
-        document.raise(joined({"Enumeration schema ", document.typeId, " must specify at least one value."}));
+        document.fail(concat({"Enumeration schema ", document.typeId, " must specify at least one value."}));
     }
     // Stable: values with one number stay in the order of their ids.
     std::stable_sort(schema.values.begin(), schema.values.end(),
@@ -92,7 +92,7 @@ void writeEnumerationSchema(const Enumeration& enumeration, JSON::Writer& target
 EnumerationParameterSchema readEnumerationParameterSchema(const SchemaDocument& document) {
     EnumerationParameterSchema schema{readPropertyTypeId(document, Frame::value), {}};
     if (document.constants.find("spec") == nullptr) {
-        document.raise(joined({"Enumeration parameter schema ", document.typeId, " has an undefined spec constant."}));
+        document.fail(concat({"Enumeration parameter schema ", document.typeId, " has an undefined spec constant."}));
     }
     // The map of constants holds values, but here the member's own "typeid" counts.
     for (const JSON& member : document.root.getMember(Frame::constants).getArray()) {

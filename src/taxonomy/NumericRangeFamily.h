@@ -1,6 +1,5 @@
 #pragma once
 
-#include "schema/PrimitiveTypeNames.h"
 #include "schema/SchemaDocument.h"
 #include "schema/Vocabulary.h"
 

@@ -1,11 +1,10 @@
 #include "taxonomy/NumericRangeSchema.h"
 
-#include "schema/Conversion.h"
-#include "schema/Text.h"
-#include "schema/VersionedFrame.h"
+#include "base/Text.h"
+#include "schema/DataModels.h"
+#include "schema/VersionedWriting.h"
 #include "taxonomy/NumericRangeData.h"
 #include "taxonomy/NumericRangeFamily.h"
-#include "taxonomy/RangeConstantWriting.h"
 
 #include <cstdint>
 #include <string_view>
@@ -28,9 +27,9 @@ template <class Range> NumberOf<Range> readBoundaryConstant(const SchemaDocument
 bool readInlineFlag(const JSON& value, std::string_view key) {
     const JSON flag = value.getMember(key);
     if (!flag.isBool()) {
-        value.raise(joined({"Inline value override in range constant typedValue must specify a Boolean value for "
-                            "constant ",
-                            key, "."}));
+        value.fail(concat({"Inline value override in range constant typedValue must specify a Boolean value for "
+                           "constant ",
+                           key, "."}));
     }
     return flag.getBool();
 }
@@ -41,7 +40,7 @@ template <class Range> NumberOf<Range> readInlineBoundary(const JSON& value, std
 
 template <class Range> void addBoundary(JSON::Writer& target, std::string_view key, NumberOf<Range> boundary) {
     if (!NumericRangeFamily<Range>::isRepresentable(boundary)) {
-        raiseNotRepresentable();
+        throwNotRepresentable();
     }
     target.addMember(key, boundary);
 }

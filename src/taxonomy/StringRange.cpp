@@ -1,4 +1,4 @@
-#include "schema/Text.h"
+#include "base/Text.h"
 #include "schema/Vocabulary.h"
 #include "taxonomy/StringRangeData.h"
 
@@ -66,9 +66,9 @@ bool StringRange::operator<(const StringRange& other) const noexcept { return da
 StringRange validatedStringRange(const StringRange& range) {
     if (const auto* component = std::get_if<SetStringRangeComponent>(&Internals::dataOf(range).component)) {
         std::set<std::string_view> seen;
-        for (const std::string& value : Internals::allowedValuesOf(*component)) {
+        for (const std::string& value : StringRangeInternals::allowedValuesOf(*component)) {
             if (!seen.insert(value).second) {
-                throw ValidationException(joined({"Value ", value, " must appear only once."}));
+                throw ValidationException(concat({"Value ", value, " must appear only once."}));
             }
         }
     }

@@ -1,9 +1,8 @@
 #include "taxonomy/StringRangeSchema.h"
 
-#include "schema/Conversion.h"
-#include "schema/PrimitiveTypeNames.h"
-#include "schema/VersionedFrame.h"
-#include "taxonomy/RangeConstantWriting.h"
+#include "schema/DataModels.h"
+#include "schema/VersionedWriting.h"
+#include "schema/Vocabulary.h"
 #include "taxonomy/StringRangeData.h"
 
 #include <set>
@@ -17,17 +16,17 @@ constexpr std::string_view regexKey = "regex";
 
 std::vector<std::string> readUniqueStringArray(const JSON& json) {
     if (!json.isArray()) {
-        json.raise("Expected an array.");
+        json.fail("Expected an array.");
     }
     std::set<std::string_view> seen;
     std::vector<std::string> strings;
     strings.reserve(json.getSize());
     for (const JSON& element : json.getArray()) {
         if (!element.isString()) {
-            json.raise("Expected an array of strings.");
+            json.fail("Expected an array of strings.");
         }
         if (!seen.insert(element.getStringView()).second) {
-            json.raise("Expected an array of unique strings.");
+            json.fail("Expected an array of unique strings.");
         }
         strings.push_back(element.getString());
     }
@@ -69,7 +68,7 @@ void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, Data
             addVersionedFrame(target, data.typeId, Vocabulary::setStringRange, data.schemaFormat, version);
         addConstants(target, [&] {
             createMember(target, allowedValuesKey, [&] {
-                addStringArray(target, Frame::value, Internals::allowedValuesOf(*set));
+                addStringArray(target, Frame::value, StringRangeInternals::allowedValuesOf(*set));
                 if (typed) {
                     addTypeId(target, PrimitiveTypeNames::string);
                 }
@@ -78,9 +77,10 @@ void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, Data
     } else if (const auto* regex = std::get_if<RegexStringRangeComponent>(&data.component)) {
         const bool typed =
             addVersionedFrame(target, data.typeId, Vocabulary::regexStringRange, data.schemaFormat, version);
-        addConstants(target, [&] { createStringMember(target, regexKey, Internals::regexOf(*regex), typed); });
+        addConstants(target,
+                     [&] { createStringMember(target, regexKey, StringRangeInternals::regexOf(*regex), typed); });
     } else {
-        raiseNotRepresentable();
+        throwNotRepresentable();
     }
 }
 
@@ -91,21 +91,21 @@ StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value
             strings = readUniqueStringArray(value.getMember(allowedValuesKey));
         }
         if (strings.empty()) {
-            value.raise("Inline value override in range constant typedValue must specify a non-empty array of unique "
-                        "string values for constant allowedValues.");
+            value.fail("Inline value override in range constant typedValue must specify a non-empty array of unique "
+                       "string values for constant allowedValues.");
         }
         return {SetStringRangeComponent(strings), format};
     }
     if (containsPrefix(baseTypeId, Vocabulary::regexStringRange.prefix)) {
         if (!value.hasMember(regexKey)) {
-            value.raise("Inline value override in range constant typedValue must specify a string value for constant "
-                        "regex.");
+            value.fail("Inline value override in range constant typedValue must specify a string value for constant "
+                       "regex.");
         }
         return {RegexStringRangeComponent(std::string(readAnyString(value.getMember(regexKey)))), format};
     }
     if (value.getSize() != 0) {
-        value.raise("Inline value override for default string range in range constant typedValue, if present, must be "
-                    "an empty object.");
+        value.fail("Inline value override for default string range in range constant typedValue, if present, must be "
+                   "an empty object.");
     }
     return {};
 }
@@ -113,7 +113,7 @@ StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value
 void writeStringRangeConstant(JSON::Writer& target, const StringRange& range, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
     if (const auto* set = std::get_if<SetStringRangeComponent>(&data.component)) {
-        const std::vector<std::string>& values = Internals::allowedValuesOf(*set);
+        const std::vector<std::string>& values = StringRangeInternals::allowedValuesOf(*set);
         if (values.empty()) {
             return;
         }
@@ -124,7 +124,7 @@ void writeStringRangeConstant(JSON::Writer& target, const StringRange& range, Da
         // Unlike the set, and unlike the typeid below, this looks for the prefix anywhere.
         createRangeConstant(target, Vocabulary::regexStringRange, data.typeId,
                             containsPrefix(data.typeId, Vocabulary::regexStringRange.prefix), version,
-                            [&] { target.addMember(regexKey, Internals::regexOf(*regex)); });
+                            [&] { target.addMember(regexKey, StringRangeInternals::regexOf(*regex)); });
     }
 }
 

@@ -1,6 +1,6 @@
 #include "taxonomy/TaxonSchema.h"
 
-#include "schema/VersionedFrame.h"
+#include "schema/VersionedWriting.h"
 #include "taxonomy/TaxonData.h"
 
 #include <utility>

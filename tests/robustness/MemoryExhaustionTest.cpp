@@ -53,7 +53,7 @@ std::pair<Answers, Answers> answersOf(const ParametersEngine& engine) {
     return {answersNow(engine), answersNow(later)};
 }
 
-std::string joined(const std::set<std::string>& typeIds) {
+std::string concat(const std::set<std::string>& typeIds) {
     std::string text;
     for (const std::string& typeId : typeIds) {
         text += typeId + ",";
@@ -91,8 +91,8 @@ TEST(MemoryExhaustionTest, LeavesQueriesRepeatableAndNothingBehind) {
         {"getParameter", [](Engine& engine) { return engine.getParameter("parameter").getName(); }},
         {"no getSpec", [](Engine& engine) { return refusalOf([&] { return engine.getSpec("nothing"); }); }},
         {"isRegistered", [](Engine& engine) { return std::to_string(int(engine.isRegistered("pending metre"))); }},
-        {"getDependencies", [](Engine& engine) { return joined(engine.getDependencies("distance")); }},
-        {"of a parameter", [&](Engine& engine) { return joined(engine.getDependencies(unregistered)); }},
+        {"getDependencies", [](Engine& engine) { return concat(engine.getDependencies("distance")); }},
+        {"of a parameter", [&](Engine& engine) { return concat(engine.getDependencies(unregistered)); }},
         {"getSchema", [](Engine& engine) { return engine.getSchema("parameter"); }},
         {"of a parameter", [&](Engine& engine) { return engine.getSchema(unregistered); }},
         {"older", [](Engine& engine) { return engine.getSchemaInCompatibleFormat(Version::V1, "distance"); }},
@@ -113,7 +113,7 @@ TEST(MemoryExhaustionTest, LeavesQueriesRepeatableAndNothingBehind) {
         {"copy", [](Engine& engine) { return keysOf(ParametersEngine(engine).getAllSpecs()); }},
         {"units", [](Engine& engine) { return keysOf(engine.getUnitsEngine().getAllUnits()); }},
         {"getUnit", [](Engine& engine) { return engine.getUnitsEngine().getUnit("metre").getName(); }},
-        {"of a unit", [](Engine& engine) { return joined(engine.getUnitsEngine().getDependencies("metre")); }},
+        {"of a unit", [](Engine& engine) { return concat(engine.getUnitsEngine().getDependencies("metre")); }},
         {"of a unit",
          [](Engine& engine) { return engine.getUnitsEngine().getSchemaInFormat("metre", Format::PropertySets); }},
         {"copied units",

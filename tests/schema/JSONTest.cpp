@@ -1,6 +1,6 @@
 #include "schema/JSON.h"
 
-#include "schema/ValidationExceptionFactory.h"
+#include "engine/ValidationExceptionFactory.h"
 
 #include <Parameters/Exceptions.h>
 

@@ -1,10 +1,10 @@
 #include <Units/UnitsEngine.h>
 
+#include "base/Text.h"
+#include "base/TypeIdMap.h"
 #include "schema/Frame.h"
 #include "schema/SchemaDocument.h"
 #include "schema/SchemaDocumentWriting.h"
-#include "schema/Text.h"
-#include "schema/TypeIdMap.h"
 #include "schema/Vocabulary.h"
 
 #include <Units/Exceptions.h>
@@ -53,7 +53,7 @@ Kind kindOf(const SchemaDocument& document) {
     if (containsPrefix(document.baseSchema, unitPrefix)) {
         return Kind::Unit;
     }
-    document.raise(joined({"Schema ", document.typeId, " does not represent a unit or a dimension."}));
+    document.fail(concat({"Schema ", document.typeId, " does not represent a unit or a dimension."}));
 }
 
 Item readItem(const SchemaDocument& document, const std::string& text) {
@@ -70,7 +70,8 @@ Item readItem(const SchemaDocument& document, const std::string& text) {
 /// The document of an item for readers that don't know "schemaSpecification".
 std::string writeDowngraded(const std::string& typeId, const Item& item) {
     JSON::Writer target = JSON::Writer::createDocument();
-    target.addMember(Frame::downgradedFrom, Frame::version3);
+    constexpr std::size_t newest = Frame::newestOfFormat(SchemaFormat::LumarDataSchema);
+    target.addMember(Frame::downgradedFrom, Frame::dataModels[newest].text);
     addShortFrame(target, typeId, item.baseSchema);
     addConstants(target, [&] {
         createNameMember(target, item.name, false);
@@ -97,7 +98,7 @@ void addIfUnit(std::map<std::string, Unit>& units, const std::string& typeId, co
 }
 
 [[noreturn]] void throwUnknown(const std::string& typeId) {
-    throw UnrecognizedIdentifierException(joined({"Could not find any object with typeid ", typeId, "."}));
+    throw UnrecognizedIdentifierException(concat({"Could not find any object with typeid ", typeId, "."}));
 }
 
 } // namespace
@@ -155,7 +156,7 @@ std::set<std::string> UnitsEngine::registerSchema(const std::string& schemaText)
     static const ValidationExceptionFactory exceptionFactory;
     const SchemaDocument document = readSchemaDocument(exceptionFactory, schemaText, &scratch);
     if (isRegistered(document.typeId)) {
-        document.raise(joined({"Schema with typeid ", document.typeId, " is already registered."}));
+        document.fail(concat({"Schema with typeid ", document.typeId, " is already registered."}));
     }
     Item item = readItem(document, schemaText);
     std::set<std::string> unknown;
@@ -172,7 +173,7 @@ void UnitsEngine::resolveSchemas() {
         const Item& item = entry->value;
         if (item.dimension && !impl_->isDimension(*item.dimension)) {
             const ValidationException missing(
-                joined({"Dependency ", *item.dimension, " in schema ", entry->typeId(),
+                concat({"Dependency ", *item.dimension, " in schema ", entry->typeId(),
                         " is missing or does not represent an object of the expected type."}));
             impl_->pending = {};
             throw missing;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "schema/Prefetch.h"
-#include "schema/TextArena.h"
+#include "base/TextArena.h"
+#include "engine/Prefetch.h"
 
 #include <algorithm>
 #include <array>
@@ -50,17 +50,17 @@ public:
         Entry(std::string_view typeId, Value&& entryValue) : value(std::move(entryValue)), size_(typeId.size()) {
             if (isLong(typeId)) {
                 const char* characters = typeId.data();
-                std::memcpy(here_.data(), &characters, sizeof(characters));
+                std::memcpy(characters_.data(), &characters, sizeof(characters));
             } else {
-                std::copy(typeId.begin(), typeId.end(), here_.begin());
+                std::copy(typeId.begin(), typeId.end(), characters_.begin());
             }
         }
 
         /// Valid as long as nothing is inserted or erased.
         [[nodiscard]] std::string_view typeId() const noexcept {
-            const char* characters = here_.data();
-            if (size_ > here_.size()) {
-                std::memcpy(&characters, here_.data(), sizeof(characters));
+            const char* characters = characters_.data();
+            if (size_ > characters_.size()) {
+                std::memcpy(&characters, characters_.data(), sizeof(characters));
             }
             return {characters, size_};
         }
@@ -75,7 +75,7 @@ public:
 
         std::size_t size_;
         /// The characters or, of a long typeid, where they stand: a look-up waits for one place in memory only.
-        std::array<char, size> here_;
+        std::array<char, size> characters_;
     };
 
     [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
@@ -142,7 +142,7 @@ public:
         const auto lose = [&](const Entry& entry) {
             const bool isErased = test(entry.value);
             if (isErased && Entry::isLong(entry.typeId())) {
-                longTypeIds_.waste(entry.typeId().size());
+                longTypeIds_.discard(entry.typeId().size());
             }
             return isErased;
         };
@@ -197,8 +197,8 @@ private:
     }
 
     void reserveMore(std::size_t count) {
-        if (longTypeIds_.isWasteful(size())) {
-            tidyUp();
+        if (longTypeIds_.isMostlyDiscarded(size())) {
+            compact();
         }
         makeRoom(entries_, count);
         const std::size_t needed = entries_.size() + count;
@@ -213,7 +213,7 @@ private:
     }
 
     /// Lets go of the long typeids of erased entries.
-    void tidyUp() {
+    void compact() {
         TextArena typeIds;
         typeIds.reserve(longTypeIds_.usedSize());
         for (Entry& entry : entries_) {

@@ -8,7 +8,7 @@
 namespace Parameters {
 
 /// Joins the parts of a message.
-inline std::string joined(std::initializer_list<std::string_view> parts) {
+inline std::string concat(std::initializer_list<std::string_view> parts) {
     std::size_t size = 0;
     for (const std::string_view part : parts) {
         size += part.size();

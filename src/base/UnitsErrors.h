@@ -1,6 +1,6 @@
 #pragma once
 
-#include "schema/Text.h"
+#include "base/Text.h"
 
 #include <Parameters/Exceptions.h>
 #include <Units/Exceptions.h>
@@ -12,8 +12,8 @@ namespace Parameters {
 // Faults that the units library finds reach a host in this library's exceptions.
 
 /// The answer to a typeid that neither this library nor the units library knows.
-[[noreturn]] inline void raiseUnknownTypeId(std::string_view typeId) {
-    throw UnrecognizedIdentifierException(joined({"Could not find any object with typeid ", typeId, "."}));
+[[noreturn]] inline void throwUnknownTypeId(std::string_view typeId) {
+    throw UnrecognizedIdentifierException(concat({"Could not find any object with typeid ", typeId, "."}));
 }
 
 /// Asks the units library about a typeid that it may not know.
@@ -21,7 +21,7 @@ template <class Ask> auto askUnits(std::string_view typeId, Ask ask) {
     try {
         return ask();
     } catch (const Units::UnrecognizedIdentifierException&) {
-        raiseUnknownTypeId(typeId);
+        throwUnknownTypeId(typeId);
     }
 }
 

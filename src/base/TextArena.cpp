@@ -1,4 +1,4 @@
-#include "schema/TextArena.h"
+#include "base/TextArena.h"
 
 #include <algorithm>
 #include <cstring>

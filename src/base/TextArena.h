@@ -32,13 +32,13 @@ public:
     void reserve(std::size_t size);
 
     /// Says that a text of that size is of no use any more.
-    void waste(std::size_t size) noexcept { usedSize_ -= size; }
+    void discard(std::size_t size) noexcept { usedSize_ -= size; }
 
     /// The size of all texts that are of use.
     [[nodiscard]] std::size_t usedSize() const noexcept { return usedSize_; }
 
     /// Whether to move the texts of use, of which there are that many, to a new arena frees more than it costs.
-    [[nodiscard]] bool isWasteful(std::size_t count) const noexcept {
+    [[nodiscard]] bool isMostlyDiscarded(std::size_t count) const noexcept {
         constexpr std::size_t costOfOne = 64;
         return addedSize_ - usedSize_ > usedSize_ + costOfOne * count;
     }

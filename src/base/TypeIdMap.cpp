@@ -1,4 +1,4 @@
-#include "schema/TypeIdMap.h"
+#include "base/TypeIdMap.h"
 
 #define XXH_INLINE_ALL
 #include <xxhash.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "schema/Text.h"
-#include "schema/TypeIdMap.h"
+#include "base/Text.h"
+#include "base/TypeIdMap.h"
 
 #include <Parameters/Exceptions.h>
 
@@ -22,7 +22,7 @@ template <class Object> struct FinishedItem {
 };
 
 /// Where a registry keeps an item.
-struct ItemPlace {
+struct ItemLocation {
     /// Its position among all kinds.
     std::uint8_t kind;
     bool isPending;
@@ -32,7 +32,7 @@ struct ItemPlace {
 };
 
 /// Where each item of a registry stands.
-using ItemPlaces = TypeIdMap<ItemPlace>;
+using ItemIndex = TypeIdMap<ItemLocation>;
 
 /// The objects of one kind in a registry.
 template <class Object> struct ObjectStore {
@@ -41,14 +41,14 @@ template <class Object> struct ObjectStore {
     /// While a resolution runs, what it has made of the pending schemas, in their order.
     std::vector<FinishedItem<Object>> staged;
 
-    [[nodiscard]] const FinishedItem<Object>* find(const ItemPlaces& places, const TypeIdKey& key) const noexcept {
-        const ItemPlace* place = places.find(key);
+    [[nodiscard]] const FinishedItem<Object>* find(const ItemIndex& places, const TypeIdKey& key) const noexcept {
+        const ItemLocation* place = places.find(key);
         return place != nullptr && place->kind == kind ? at(*place) : nullptr;
     }
 
     /// The item at a place of this kind, or null of a schema that is not staged yet. Once one of the kind has turned
     /// out faulty, places of pending schemas are no longer right, and nothing is looked up.
-    [[nodiscard]] const FinishedItem<Object>* at(const ItemPlace& place) const noexcept {
+    [[nodiscard]] const FinishedItem<Object>* at(const ItemLocation& place) const noexcept {
         const auto& items = place.isPending ? staged : finished;
         return place.position < items.size() ? &items[place.position] : nullptr;
     }
@@ -58,7 +58,7 @@ template <class Object> struct ObjectStore {
 /// within one operation.
 template <class Object> class StoreList {
 public:
-    void add(const ItemPlaces& places, const ObjectStore<Object>& store) noexcept {
+    void add(const ItemIndex& places, const ObjectStore<Object>& store) noexcept {
         if (!store.finished.empty() || !store.staged.empty()) {
             stores_[count_++] = {&places, &store};
         }
@@ -79,7 +79,7 @@ public:
 
 private:
     struct Store {
-        const ItemPlaces* places;
+        const ItemIndex* places;
         const ObjectStore<Object>* objects;
     };
 
@@ -93,7 +93,7 @@ template <class Object>
                                     const TypeIdKey& dependency) {
     const Object* found = stores.find(dependency);
     if (found == nullptr) {
-        throw ValidationException(joined({"Dependency ", dependency.typeId, " in schema ", schemaTypeId,
+        throw ValidationException(concat({"Dependency ", dependency.typeId, " in schema ", schemaTypeId,
                                           " is missing or does not represent an object of the expected type."}));
     }
     return *found;

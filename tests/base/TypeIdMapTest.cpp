@@ -1,4 +1,4 @@
-#include "schema/TypeIdMap.h"
+#include "base/TypeIdMap.h"
 
 #include <gtest/gtest.h>
 

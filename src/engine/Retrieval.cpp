@@ -1,8 +1,9 @@
+#include "base/UnitsErrors.h"
 #include "engine/EngineImpl.h"
 #include "schema/Frame.h"
 #include "schema/SchemaDocumentWriting.h"
-#include "schema/UnitsErrors.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Parameters {
@@ -13,11 +14,11 @@ namespace {
 template <class Kind>
 std::string writtenText(const typename Kind::Object& object, const Conversion& conversion, DataModelVersion version) {
     if (!conversion.representable.contains(version)) {
-        raiseNotRepresentable();
+        throwNotRepresentable();
     }
     JSON::Writer document = JSON::Writer::createDocument();
     if (version < conversion.natural.lowest) {
-        document.addMember(Frame::downgradedFrom, versionText(conversion.natural.lowest));
+        document.addMember(Frame::downgradedFrom, dataModelOf(conversion.natural.lowest).text);
     }
     Kind::write(object, document, version);
     return document.toString();
@@ -39,10 +40,6 @@ std::string compatibleText(const typename Kind::Object& object, std::string_view
         return std::string(registeredText);
     }
     return writtenText<Kind>(object, conversion, version);
-}
-
-Units::SchemaFormat unitsFormatFor(DataModelVersion version) noexcept {
-    return version == DataModelVersion::V3 ? Units::SchemaFormat::LumarDataSchema : Units::SchemaFormat::PropertySets;
 }
 
 } // namespace
@@ -75,7 +72,7 @@ std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion versi
         return text;
     }
     return withUnitsValidation([&] {
-        return askUnits(typeId, [&] { return impl_->units.getSchemaInFormat(typeId, unitsFormatFor(version)); });
+        return askUnits(typeId, [&] { return impl_->units.getSchemaInFormat(typeId, dataModelOf(version).format); });
     });
 }
 
@@ -91,9 +88,9 @@ ParametersEngine::getCompatibleDataModelRange(const std::string& typeId) const {
     }
     const auto [lowest, highest] =
         askUnits(typeId, [&] { return impl_->units.getCompatibleSchemaFormatRange(typeId); });
-    using V = DataModelVersion;
-    return {lowest > Units::SchemaFormat::PropertySets ? V::V3 : V::V1,
-            highest == Units::SchemaFormat::LumarDataSchema ? V::V3 : V::V2};
+    // Formats are ordered, and a units library may know later ones.
+    const auto lowestKnown = std::min(lowest, Units::SchemaFormat::LumarDataSchema);
+    return {versionsOf(lowestKnown).lowest, versionsOf(highest).highest};
 }
 
 } // namespace Parameters

@@ -1,22 +1,41 @@
-#include "schema/Text.h"
-#include "schema/UnitsErrors.h"
+#include "specs/SpecSchema.h"
+
+#include "base/Internals.h"
+#include "base/Text.h"
+#include "base/UnitsErrors.h"
+#include "schema/Frame.h"
+#include "schema/VersionedWriting.h"
 #include "schema/Vocabulary.h"
-#include "specs/ContextWords.h"
 #include "specs/PrimitiveSpecs.h"
 #include "specs/SpecData.h"
-#include "specs/SpecSchema.h"
 #include "taxonomy/TaxonData.h"
 
 #include <Parameters/Defaults.h>
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Parameters {
 
 namespace {
+
+/// A context as documents name it.
+struct ContextWord {
+    Context context;
+    std::string_view word;
+};
+
+constexpr std::array<ContextWord, 3> contextWords = {{
+    {Context::Single, "single"},
+    {Context::Array, "array"},
+    {Context::Map, "map"},
+}};
 
 constexpr std::string_view valueAttributes =
     "Spec schema with \"value\" property must specify its type using exactly one of the \"typeid\", \"anyOf\", or "
@@ -27,13 +46,13 @@ constexpr std::string_view valueAttributes =
 std::vector<std::string> readTypeIdObjects(const JSON& json, bool (*sizeIsRight)(std::uint32_t),
                                            const std::string& message) {
     if (!json.isArray() || !sizeIsRight(json.getSize())) {
-        json.raise(message);
+        json.fail(message);
     }
     std::vector<std::string> typeIds;
     for (const JSON& element : json.getArray()) {
         const auto typeId = readTypeIdAttribute(element);
         if (!typeId) {
-            json.raise(message);
+            json.fail(message);
         }
         typeIds.emplace_back(*typeId);
     }
@@ -43,7 +62,7 @@ std::vector<std::string> readTypeIdObjects(const JSON& json, bool (*sizeIsRight)
 AnyOf readAnyOf(const SchemaDocument& document, const JSON& json) {
     const auto typeIds = readTypeIdObjects(
         json, [](std::uint32_t size) { return size == 1; },
-        joined({"Attribute \"anyOf\" in \"value\" property of schema ", document.typeId,
+        concat({"Attribute \"anyOf\" in \"value\" property of schema ", document.typeId,
                 " expects an array containing exactly one object with a \"typeid\" string attribute."}));
     return AnyOf(typeIds.front());
 }
@@ -51,7 +70,7 @@ AnyOf readAnyOf(const SchemaDocument& document, const JSON& json) {
 OneOf readOneOf(const SchemaDocument& document, const JSON& json) {
     return OneOf(readTypeIdObjects(
         json, [](std::uint32_t size) { return size > 0; },
-        joined({"Attribute \"oneOf\" in \"value\" property of schema ", document.typeId,
+        concat({"Attribute \"oneOf\" in \"value\" property of schema ", document.typeId,
                 " expects a non-empty array of objects containing a \"typeid\" string attribute."})));
 }
 
@@ -63,7 +82,7 @@ Context readContext(const JSON& property) {
     const auto* named = std::find_if(contextWords.begin(), contextWords.end(),
                                      [&](const ContextWord& candidate) { return candidate.word == word; });
     if (named == contextWords.end()) {
-        property.raise("Expected an array/map/single context.");
+        property.fail("Expected an array/map/single context.");
     }
     return named->context;
 }
@@ -75,7 +94,7 @@ ComplexSpecSchema readValueProperty(const SchemaDocument& document, const JSON& 
     }
     const auto requireUnset = [&] {
         if (schema.value) {
-            property.raise(std::string(valueAttributes));
+            property.fail(std::string(valueAttributes));
         }
     };
     if (property.hasMember("anyOf")) {
@@ -87,7 +106,7 @@ ComplexSpecSchema readValueProperty(const SchemaDocument& document, const JSON& 
         schema.value = readOneOf(document, property.getMember("oneOf"));
     }
     if (!schema.value) {
-        property.raise(std::string(valueAttributes));
+        property.fail(std::string(valueAttributes));
     }
     schema.context = readContext(property);
     return schema;
@@ -142,7 +161,7 @@ const Units::Unit& resolveUnit(std::string_view typeId, std::string_view constan
                                UnitFinder& units) {
     const Units::Unit* found = units.find(unit);
     if (found == nullptr) {
-        throw ValidationException(joined({"Typeid ", unit.typeId, " ", constant, " constant in measurable spec schema ",
+        throw ValidationException(concat({"Typeid ", unit.typeId, " ", constant, " constant in measurable spec schema ",
                                           typeId, " does not belong to a unit."}));
     }
     return *found;
@@ -236,6 +255,169 @@ void dependenciesOfSpec(const Spec& spec, std::set<std::string>& result, const U
         for (const Units::Unit& unit : measurable->getApplicableUnits()) {
             addUnit(unit);
         }
+    }
+}
+
+namespace {
+
+using V = DataModelVersion;
+
+bool isPolymorphic(const ValueTypeId& valueType) {
+    return std::holds_alternative<AnyOf>(valueType) || std::holds_alternative<OneOf>(valueType);
+}
+
+DataModelVersion naturalVersionOfSpec(const Spec& spec) {
+    const ValueTypeId& valueType = spec.getValueTypeId();
+    if (std::holds_alternative<LegacyPrimitiveType>(valueType)) {
+        return V::V1;
+    }
+    return versionsOf(isPolymorphic(valueType) ? Units::SchemaFormat::LumarDataSchema : spec.getSchemaFormat()).highest;
+}
+
+VersionRange compatibleRangeOfSpec(const Spec& spec) {
+    const ValueTypeId& valueType = spec.getValueTypeId();
+    constexpr VersionRange current = versionsOf(Units::SchemaFormat::LumarDataSchema);
+    if (spec.getContext() != Context::Single || isPolymorphic(valueType)) {
+        return current;
+    }
+    const auto* name = std::get_if<std::string>(&valueType);
+    if (name == nullptr) {
+        return {V::V1, V::V1};
+    }
+    const DataModelVersion highest = naturalVersionOfSpec(spec);
+    if (current.contains(highest) && !isLegacyValueTypeName(*name)) {
+        return current;
+    }
+    return {legacyPrimitiveTypeOf(*name) ? V::V1 : V::V2, highest};
+}
+
+/// Whether the spec is one of those that the library brings along, in a version of its own time.
+bool isBuiltInSpec(const Spec& spec) {
+    return std::any_of(primitiveSpecs.begin(), primitiveSpecs.end(), [&](const PrimitiveSpec& primitive) {
+        return beginsWithPrefix(spec.getTypeId(), primitive.base.majorPrefix);
+    });
+}
+
+bool hasDefaultDiscipline(const Spec& spec) {
+    return containsPrefix(typeIdOf(spec.getDiscipline()), Vocabulary::discipline.prefix);
+}
+
+void addCommonSpecConstants(JSON::Writer& target, const Spec& spec, bool typed,
+                            std::optional<std::string_view> defaultName = std::nullopt) {
+    if (spec.getName() != defaultName) {
+        createNameMember(target, spec.getName(), typed);
+    }
+    if (!hasDefaultDiscipline(spec)) {
+        createTypedValueMember(target, "discipline", typeIdOf(spec.getDiscipline()));
+    }
+}
+
+void writeSimpleSpecSchema(JSON::Writer& target, const Spec& spec, const PrimitiveSpec& primitive) {
+    addShortFrame(target, spec.getTypeId(), primitive.base.typeId);
+    if (spec.getName() != primitive.defaultName || !hasDefaultDiscipline(spec)) {
+        addConstants(target, [&] { addCommonSpecConstants(target, spec, false, primitive.defaultName); });
+    }
+}
+
+void writeMeasurableSpecSchema(const Spec& spec, JSON::Writer& target, const BaseSchemas& bases,
+                               DataModelVersion version) {
+    if (!spec.getMeasurable()) {
+        throwNotRepresentable();
+    }
+    const bool typed = addVersionedFrame(target, spec.getTypeId(), bases, spec.getSchemaFormat(), version);
+    const Measurable& measurable = *spec.getMeasurable();
+    const std::vector<Units::Unit>& units = measurable.getApplicableUnits();
+    addConstants(target, [&] {
+        addCommonSpecConstants(target, spec, typed);
+        if (!units.empty()) {
+            createTypedValueArrayMember(target, "applicableUnits", units, std::mem_fn(&Units::Unit::getTypeId));
+        }
+        createTypedValueMember(target, "storageUnit", measurable.getStorageUnit().getTypeId());
+    });
+}
+
+/// The key and the value of a polymorphic or named type, in the "value" property.
+void addValueType(JSON::Writer& target, const ValueTypeId& valueType) {
+    if (const auto* name = std::get_if<std::string>(&valueType)) {
+        addTypeId(target, *name);
+    } else if (const auto* anyOf = std::get_if<AnyOf>(&valueType)) {
+        target.addArray("anyOf", [&] { createTypeIdObject(target, anyOf->getBaseTypeId()); });
+    } else if (const auto* oneOf = std::get_if<OneOf>(&valueType)) {
+        target.addArray("oneOf", [&] {
+            for (const std::string& typeId : oneOf->getTypeIds()) {
+                createTypeIdObject(target, typeId);
+            }
+        });
+    } else {
+        throwNotRepresentable();
+    }
+}
+
+/// A spec of another context than Single says so in front of its type.
+void addContext(JSON::Writer& target, Context context) {
+    for (const ContextWord& named : contextWords) {
+        if (named.context == context && context != Context::Single) {
+            target.addMember("context", named.word);
+        }
+    }
+}
+
+/// For V2 and later.
+void writeCurrentSpecSchema(const Spec& spec, JSON::Writer& target, DataModelVersion version) {
+    if (spec.getMeasurable()) {
+        writeMeasurableSpecSchema(spec, target, Vocabulary::measurableSpec, version);
+        return;
+    }
+    const bool typed =
+        addVersionedFrame(target, spec.getTypeId(), Vocabulary::generalSpec, spec.getSchemaFormat(), version);
+    addConstants(target, [&] { addCommonSpecConstants(target, spec, typed); });
+    addProperties(target, [&] {
+        createMember(target, Frame::value, [&] {
+            addContext(target, spec.getContext());
+            addValueType(target, spec.getValueTypeId());
+        });
+    });
+}
+
+/// For V1, by the primitive type.
+void writeLegacySpecSchema(const Spec& spec, JSON::Writer& target) {
+    const auto type = primitiveTypeOf(spec.getValueTypeId());
+    const auto* primitive = std::find_if(primitiveSpecs.begin(), primitiveSpecs.end(),
+                                         [&](const PrimitiveSpec& candidate) { return candidate.type == type; });
+    if (primitive != primitiveSpecs.end()) {
+        writeSimpleSpecSchema(target, spec, *primitive);
+    } else if (type == LegacyPrimitiveType::Float) {
+        constexpr BaseSchemas legacyBase{Vocabulary::measurableSpec.prefix, Vocabulary::legacyMeasurableSpec, {}};
+        writeMeasurableSpecSchema(spec, target, legacyBase, V::V1);
+    } else if (type == LegacyPrimitiveType::General) {
+        addShortFrame(target, spec.getTypeId(), Vocabulary::generalSpec.shortFrame);
+        addConstants(target, [&] { addCommonSpecConstants(target, spec, false); });
+    } else {
+        throwNotRepresentable();
+    }
+}
+
+} // namespace
+
+Conversion conversionOfSpec(const Spec& spec) {
+    const DataModelVersion natural = naturalVersionOfSpec(spec);
+    return {{natural, natural}, compatibleRangeOfSpec(spec)};
+}
+
+Conversion conversionOfSpecItself(const Spec& spec) {
+    Conversion conversion = conversionOfSpec(spec);
+    VersionRange& range = conversion.representable;
+    if (range.lowest == V::V1 && range.highest > V::V1 && isBuiltInSpec(spec)) {
+        range.lowest = V::V2;
+    }
+    return conversion;
+}
+
+void writeSpecSchema(const Spec& spec, JSON::Writer& target, DataModelVersion version) {
+    if (version == V::V1) {
+        writeLegacySpecSchema(spec, target);
+    } else {
+        writeCurrentSpecSchema(spec, target, version);
     }
 }
 

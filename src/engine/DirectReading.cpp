@@ -1,6 +1,6 @@
 #include "engine/EngineImpl.h"
-#include "schema/PrimitiveTypeNames.h"
-#include "schema/ValidationExceptionFactory.h"
+#include "engine/ValidationExceptionFactory.h"
+#include "schema/Vocabulary.h"
 #include "specs/PrimitiveSpecs.h"
 
 namespace Parameters {
