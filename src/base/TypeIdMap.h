@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/TextArena.h"
-#include "engine/Prefetch.h"
 
 #include <algorithm>
 #include <array>
@@ -66,16 +65,16 @@ public:
         }
 
         /// Whether a typeid does not fit the entry.
-        static bool isLong(std::string_view typeId) noexcept { return typeId.size() > size; }
+        static bool isLong(std::string_view typeId) noexcept { return typeId.size() > capacity; }
 
         Value value;
 
     private:
-        static constexpr std::size_t size = 48;
+        static constexpr std::size_t capacity = 48;
 
         std::size_t size_;
         /// The characters or, of a long typeid, where they stand: a look-up waits for one place in memory only.
-        std::array<char, size> characters_;
+        std::array<char, capacity> characters_;
     };
 
     [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
@@ -94,23 +93,15 @@ public:
     }
     [[nodiscard]] bool contains(const TypeIdKey& key) const noexcept { return find(key) != nullptr; }
 
-    // A look-up goes from the index to the entry. Where a few are coming, or one later on, these have the processor
-    // fetch what they wait for. Each reads what the one before it fetches.
+    // A look-up goes from a slot of the index to an entry. Where many are coming, both can be prefetched.
 
-    void prefetchIndex(const TypeIdKey& key) const noexcept {
-        if (!slots_.empty()) {
-            prefetch(&slots_[key.hash & mask()], sizeof(Slot));
-        }
+    /// The slot that a look-up of the key reads first, or null.
+    [[nodiscard]] const void* slotOf(const TypeIdKey& key) const noexcept {
+        return slots_.empty() ? nullptr : &slots_[key.hash & mask()];
     }
-    void prefetchEntry(const TypeIdKey& key) const noexcept {
-        if (const Entry* entry = findLikely(key)) {
-            prefetch(entry, sizeof(Entry));
-        }
-    }
-    /// The value that find() gives, but for rare cases: the typeids are not compared.
-    [[nodiscard]] const Value* findLikelyValue(const TypeIdKey& key) const noexcept {
-        const Entry* entry = findLikely(key);
-        return entry != nullptr ? &entry->value : nullptr;
+    /// The entry that find() reads, but for rare cases: the typeids are not compared. Null where there is none.
+    [[nodiscard]] const Entry* findLikely(const TypeIdKey& key) const noexcept {
+        return findEntry(key, [](const Entry& /*entry*/) { return true; });
     }
 
     /// Makes room for a further entry, so that inserting it can't fail.
@@ -191,9 +182,6 @@ private:
                 return &entries_[slot.entry];
             }
         }
-    }
-    [[nodiscard]] const Entry* findLikely(const TypeIdKey& key) const noexcept {
-        return findEntry(key, [](const Entry& /*entry*/) { return true; });
     }
 
     void reserveMore(std::size_t count) {

@@ -33,9 +33,6 @@ bool storePending(EngineImpl& engine, const SchemaDocument& document, const Type
         return false;
     }
     if (missing != nullptr) {
-        const auto prefetchIndex = [&](const TypeIdKey& typeId) { engine.primary.prefetchIndex(typeId); };
-        Kind::dependenciesOfSchema(*body, prefetchIndex);
-        Kind::unitDependenciesOfSchema(*body, prefetchIndex);
         Kind::dependenciesOfSchema(
             *body, [&](const TypeIdKey& typeId) { collectMissing(engine, key, typeId, missing->first); });
         Kind::unitDependenciesOfSchema(

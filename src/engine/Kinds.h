@@ -24,12 +24,13 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace Parameters {
 
-// One description a kind: everything that the engine must know of it. The engine's operations are templates over these,
-// and the lists at the end are the orders in which they treat the kinds.
+// One description per kind: everything that the engine must know of it. The engine's operations are templates over
+// these, and the lists at the end are the orders in which they treat the kinds.
 //
 // A description has
 //   Object, Body     the finished value class, and what a document is between registration and resolution
@@ -41,25 +42,35 @@ namespace Parameters {
 //   addDependencies  adds the typeids that an object depends on
 //   resolve          object of a body; scope tells where its references may be found
 //   validated        object to store for one that a caller built
-//   prefetch         has the processor fetch what the next two read
 //   conversionOf     versions in which an object can be represented
 //   write            document of an object for a version
 
-/// What most kinds do: they refer to nothing, and go by their format.
-struct KindDefaults {
+// What several descriptions share.
+
+struct RefersToNothing {
     template <class Body, class Visit> static void dependenciesOfSchema(Body& /*body*/, const Visit& /*visit*/) {}
-    template <class Body, class Visit> static void unitDependenciesOfSchema(Body& /*body*/, const Visit& /*visit*/) {}
-    template <class Body, class Visit> static void visitTexts(Body& /*body*/, const Visit& /*visit*/) {}
     template <class Object>
     static void addDependencies(const Object& /*object*/, std::set<std::string>& /*result*/,
                                 const Units::UnitsEngine& /*units*/, const StoreList<Category>& /*categories*/) {}
-    template <class Object> static void prefetch(const Object& /*object*/) {}
+};
+
+struct RefersToNoUnits {
+    template <class Body, class Visit> static void unitDependenciesOfSchema(Body& /*body*/, const Visit& /*visit*/) {}
+};
+
+struct HasNoViews {
+    template <class Body, class Visit> static void visitTexts(Body& /*body*/, const Visit& /*visit*/) {}
+};
+
+struct ConvertsByFormat {
     template <class Object> static Conversion conversionOf(const Object& object) {
         return conversionByFormat(object.getSchemaFormat());
     }
 };
 
-struct EnumerationKind : KindDefaults {
+struct StandsAlone : RefersToNothing, RefersToNoUnits, HasNoViews, ConvertsByFormat {};
+
+struct EnumerationKind : StandsAlone {
     using Object = Enumeration;
     using Body = EnumerationSchema;
     static constexpr std::string_view name = KindNames::enumeration;
@@ -77,7 +88,7 @@ struct EnumerationKind : KindDefaults {
 };
 
 /// Float and int ranges differ in their number type and their word.
-template <class Range> struct NumericRangeKind : KindDefaults {
+template <class Range> struct NumericRangeKind : StandsAlone {
     using Object = Range;
     using Body = NumericRangeSchema<Range>;
 
@@ -99,7 +110,7 @@ struct IntRangeKind : NumericRangeKind<IntRange> {
     static constexpr std::string_view name = KindNames::intRange;
 };
 
-struct StringRangeKind : KindDefaults {
+struct StringRangeKind : StandsAlone {
     using Object = StringRange;
     using Body = StringRangeSchema;
     static constexpr std::string_view name = KindNames::stringRange;
@@ -117,7 +128,7 @@ struct StringRangeKind : KindDefaults {
 };
 
 /// Disciplines, groups and domains differ in their base schemas and their word.
-template <const BaseSchemas& family> struct TaxonKind : KindDefaults {
+template <const BaseSchemas& family> struct TaxonKind : RefersToNothing, RefersToNoUnits, ConvertsByFormat {
     using Object = Taxon;
     using Body = TaxonSchema;
 
@@ -146,7 +157,7 @@ struct DomainKind : TaxonKind<Vocabulary::domain> {
     static constexpr std::string_view name = KindNames::domain;
 };
 
-struct CategoryKind : KindDefaults {
+struct CategoryKind : RefersToNoUnits, ConvertsByFormat {
     using Object = Category;
     using Body = CategorySchema;
     static constexpr std::string_view name = KindNames::category;
@@ -175,7 +186,7 @@ struct CategoryKind : KindDefaults {
     }
 };
 
-struct SpecKind : KindDefaults {
+struct SpecKind {
     using Object = Spec;
     using Body = SpecSchema;
     static constexpr std::string_view name = KindNames::spec;
@@ -206,7 +217,7 @@ struct SpecKind : KindDefaults {
     static Conversion conversionOf(const Object& spec) { return conversionOfSpecItself(spec); }
 };
 
-struct ParameterKind : KindDefaults {
+struct ParameterKind : RefersToNoUnits {
     using Object = Parameter;
     using Body = ParameterSchema;
     static constexpr std::string_view name = KindNames::parameter;
@@ -231,7 +242,6 @@ struct ParameterKind : KindDefaults {
     static void write(const Object& parameter, JSON::Writer& target, DataModelVersion version) {
         writeParameterSchema(parameter, target, version);
     }
-    static void prefetch(const Object& parameter) { prefetchForWriting(parameter); }
     static Conversion conversionOf(const Object& parameter) { return conversionOfSpec(parameter.getSpec()); }
 
 private:
@@ -242,6 +252,52 @@ private:
                 scope.template stores<StringRangeKind>()};
     }
 };
+
+// Each kind is checked, so that what a description lacks is told here and not where an operation needs it.
+
+/// A visitor of typeids or texts.
+struct AnyVisit {
+    template <class Part> void operator()(Part& /*part*/) const {}
+};
+
+template <class Kind> using ReadResult = decltype(Kind::read(std::declval<const SchemaDocument&>()));
+template <class Kind>
+using DependenciesResult = decltype(Kind::dependenciesOfSchema(std::declval<typename Kind::Body&>(), AnyVisit()));
+template <class Kind>
+using UnitDependenciesResult =
+    decltype(Kind::unitDependenciesOfSchema(std::declval<typename Kind::Body&>(), AnyVisit()));
+template <class Kind>
+using VisitTextsResult = decltype(Kind::visitTexts(std::declval<typename Kind::Body&>(), AnyVisit()));
+template <class Kind>
+using AddDependenciesResult =
+    decltype(Kind::addDependencies(std::declval<const typename Kind::Object&>(), std::declval<std::set<std::string>&>(),
+                                   std::declval<const Units::UnitsEngine&>(),
+                                   std::declval<const StoreList<Category>&>()));
+template <class Kind>
+using ConversionResult = decltype(Kind::conversionOf(std::declval<const typename Kind::Object&>()));
+template <class Kind>
+using WriteResult = decltype(Kind::write(std::declval<const typename Kind::Object&>(), std::declval<JSON::Writer&>(),
+                                         DataModelVersion()));
+
+template <template <class> class Result, class Kind, class = void> constexpr bool gives = false;
+template <template <class> class Result, class Kind>
+constexpr bool gives<Result, Kind, std::void_t<Result<Kind>>> = true;
+
+template <class Kind> constexpr bool isComplete() {
+    static_assert(!Kind::name.empty(), "a kind needs the word that messages use for it: name");
+    static_assert(gives<ReadResult, Kind>, "a kind needs read(document), which gives an optional Body");
+    static_assert(gives<DependenciesResult, Kind>, "a kind needs dependenciesOfSchema(body, visit)");
+    static_assert(gives<UnitDependenciesResult, Kind>, "a kind needs unitDependenciesOfSchema(body, visit)");
+    static_assert(gives<VisitTextsResult, Kind>, "a kind needs visitTexts(body, visit)");
+    static_assert(gives<AddDependenciesResult, Kind>,
+                  "a kind needs addDependencies(object, result, units, categories)");
+    static_assert(gives<ConversionResult, Kind>, "a kind needs conversionOf(object)");
+    static_assert(gives<WriteResult, Kind>, "a kind needs write(object, target, version)");
+    return true;
+}
+template <class... Kinds> constexpr bool areComplete(KindList<Kinds...> /*kinds*/) {
+    return (isComplete<Kinds>() && ...);
+}
 
 /// A document is of the first kind that accepts it.
 using IntakeOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, StringRangeKind, DisciplineKind, GroupKind,
@@ -259,6 +315,7 @@ using ImportOrder = KindList<EnumerationKind, FloatRangeKind, IntRangeKind, Stri
 using AllKinds = KindList<ParameterKind, SpecKind, GroupKind, DisciplineKind, CategoryKind, EnumerationKind,
                           FloatRangeKind, IntRangeKind, StringRangeKind, DomainKind>;
 
+static_assert(areComplete(AllKinds{}));
 static_assert(IntakeOrder::isOrderOf(AllKinds{}) && ResolutionOrder::isOrderOf(AllKinds{}) &&
                   ImportOrder::isOrderOf(AllKinds{}),
               "an order that lacks a kind would lose its items");

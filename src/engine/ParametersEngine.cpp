@@ -17,6 +17,14 @@ template <class Kind> std::map<std::string, typename Kind::Object> allObjects(co
     return objects;
 }
 
+template <class Kind> const typename Kind::Object& lookupObject(const Registry& registry, const std::string& typeId) {
+    const auto* item = registry.find<Kind>(typeId);
+    if (item == nullptr) {
+        throw UnrecognizedIdentifierException(concat({"Could not find ", Kind::name, " with typeid ", typeId, "."}));
+    }
+    return item->object;
+}
+
 } // namespace
 
 ParametersEngine::ParametersEngine() : impl_(std::make_unique<EngineImpl>()) {}
@@ -81,41 +89,41 @@ std::map<std::string, StringRange> ParametersEngine::getAllStringRanges() const 
 }
 
 Category ParametersEngine::getCategory(const std::string& typeId) const {
-    return impl_->primary.lookupObject<CategoryKind>(typeId);
+    return lookupObject<CategoryKind>(impl_->primary, typeId);
 }
 
 Taxon ParametersEngine::getDiscipline(const std::string& typeId) const {
     if (containsPrefix(typeId, Vocabulary::discipline.prefix)) {
         return DefaultTaxa::disciplines().withTypeId(typeId);
     }
-    return impl_->primary.lookupObject<DisciplineKind>(typeId);
+    return lookupObject<DisciplineKind>(impl_->primary, typeId);
 }
 
 Taxon ParametersEngine::getDomain(const std::string& typeId) const {
-    return impl_->primary.lookupObject<DomainKind>(typeId);
+    return lookupObject<DomainKind>(impl_->primary, typeId);
 }
 
 Enumeration ParametersEngine::getEnumeration(const std::string& typeId) const {
-    return impl_->primary.lookupObject<EnumerationKind>(typeId);
+    return lookupObject<EnumerationKind>(impl_->primary, typeId);
 }
 
 FloatRange ParametersEngine::getFloatRange(const std::string& typeId) const {
-    return impl_->primary.lookupObject<FloatRangeKind>(typeId);
+    return lookupObject<FloatRangeKind>(impl_->primary, typeId);
 }
 
 Taxon ParametersEngine::getGroup(const std::string& typeId) const {
     if (containsPrefix(typeId, Vocabulary::group.prefix)) {
         return DefaultTaxa::groups().withTypeId(typeId);
     }
-    return impl_->primary.lookupObject<GroupKind>(typeId);
+    return lookupObject<GroupKind>(impl_->primary, typeId);
 }
 
 IntRange ParametersEngine::getIntRange(const std::string& typeId) const {
-    return impl_->primary.lookupObject<IntRangeKind>(typeId);
+    return lookupObject<IntRangeKind>(impl_->primary, typeId);
 }
 
 Parameter ParametersEngine::getParameter(const std::string& typeId) const {
-    return impl_->primary.lookupObject<ParameterKind>(typeId);
+    return lookupObject<ParameterKind>(impl_->primary, typeId);
 }
 
 Spec ParametersEngine::getSpec(const std::string& typeId) const {
@@ -124,11 +132,11 @@ Spec ParametersEngine::getSpec(const std::string& typeId) const {
     if (base != nullptr && !isExactly(typeId, Vocabulary::familyTypeSpec.typeId)) {
         return *base;
     }
-    return impl_->primary.lookupObject<SpecKind>(typeId);
+    return lookupObject<SpecKind>(impl_->primary, typeId);
 }
 
 StringRange ParametersEngine::getStringRange(const std::string& typeId) const {
-    return impl_->primary.lookupObject<StringRangeKind>(typeId);
+    return lookupObject<StringRangeKind>(impl_->primary, typeId);
 }
 
 bool ParametersEngine::isRegistered(const std::string& typeId) const { return impl_->isRegistered(typeId); }

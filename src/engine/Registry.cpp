@@ -1,9 +1,24 @@
 #include "engine/Registry.h"
 
+#include <Parameters/Exceptions.h>
+
 #include <algorithm>
 #include <cassert>
 
 namespace Parameters {
+
+void Registry::requireAbsent(const TypeIdKey& key) const {
+    if (key.typeId.empty()) {
+        throw ValidationException("Typeid must not be empty.");
+    }
+    if (contains(key)) {
+        throwAlreadyRegistered(key.typeId);
+    }
+}
+
+void Registry::throwAlreadyRegistered(std::string_view typeId) {
+    throw ValidationException(concat({"Schema with typeid ", typeId, " is already registered."}));
+}
 
 void Registry::reserveFor(const Registry& other) {
     AllKinds::forEach([&](auto kind) {
@@ -19,7 +34,7 @@ void Registry::finishPending() noexcept {
         using Kind = decltype(kind);
         auto& items = store<Kind>();
         for (std::size_t i = 0; i < items.pending.size(); ++i) {
-            index_[items.pending[i].entry].value = placeOf<Kind>(items.staged[i], items.finished.size());
+            index_[items.pending[i].entry].value = KindStore<Kind>::locationOf(items.staged[i], items.finished.size());
             items.finished.push_back(std::move(items.staged[i]));
         }
         items.clearPending();
@@ -43,7 +58,7 @@ void Registry::dropPending() noexcept {
     if (texts_.usedSize() == 0) {
         texts_ = {};
     }
-    index_.eraseIf(first, [](const ItemLocation& place) { return place.isPending; });
+    index_.eraseIf(first, [](const ItemLocation& location) { return location.isPending; });
 }
 
 void Registry::takeFinished(Registry& other) noexcept {
@@ -60,8 +75,9 @@ void Registry::takeFinished(Registry& other) noexcept {
     }
 }
 
+/// Lets go of the texts of dropped items if they are too many.
 void Registry::compact() {
-    // Only dropping what is pending wastes texts, and the next addition sees it: nothing is pending here.
+    // Only dropping what is pending discards texts, and the next addition sees it: nothing is pending here.
     if (!texts_.isMostlyDiscarded(index_.size())) {
         return;
     }

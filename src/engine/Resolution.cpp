@@ -1,5 +1,6 @@
 #include "base/UnitsErrors.h"
 #include "engine/EngineImpl.h"
+#include "engine/Prefetch.h"
 
 #include <exception>
 #include <string>
@@ -63,42 +64,46 @@ private:
     UnitFinder unitFinder_;
 };
 
-/// Has the processor fetch, step by step, what is needed for the schemas some places behind a position.
+/// Prefetches, step by step, what the items some places behind a position will need.
 template <class Kind>
-void prefetchAhead(const Registry& registry, UnitFinder& units, std::vector<PendingItem<typename Kind::Body>>& schemas,
+void prefetchAhead(const Registry& registry, UnitFinder& units, std::vector<PendingItem<typename Kind::Body>>& items,
                    std::size_t position) {
     constexpr std::size_t stepSize = 3;
     const auto visitAhead = [&](std::size_t steps, const auto& visit) {
-        if (const std::size_t ahead = position + steps * stepSize; ahead < schemas.size()) {
-            visit(schemas[ahead]);
+        if (const std::size_t ahead = position + steps * stepSize; ahead < items.size()) {
+            visit(items[ahead]);
         }
     };
-    visitAhead(4, [](auto& schema) {
-        prefetch(&*schema.body, sizeof(*schema.body));
-        prefetch(schema.text);
+    visitAhead(4, [](auto& item) {
+        prefetch(&*item.body, sizeof(*item.body));
+        prefetch(item.text);
     });
-    visitAhead(3, [&](auto& schema) {
-        Kind::dependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { registry.prefetchIndex(typeId); });
-        Kind::unitDependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { units.prefetchIndex(typeId); });
+    visitAhead(3, [&](auto& item) {
+        Kind::dependenciesOfSchema(*item.body,
+                                   [&](const TypeIdKey& typeId) { prefetchSlot(registry.index(), typeId); });
+        Kind::unitDependenciesOfSchema(*item.body,
+                                       [&](const TypeIdKey& typeId) { prefetchSlot(units.found(), typeId); });
     });
-    visitAhead(2, [&](auto& schema) {
-        Kind::dependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { registry.prefetchEntry(typeId); });
-        Kind::unitDependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { units.prefetchEntry(typeId); });
+    visitAhead(2, [&](auto& item) {
+        Kind::dependenciesOfSchema(*item.body,
+                                   [&](const TypeIdKey& typeId) { prefetchEntry(registry.index(), typeId); });
+        Kind::unitDependenciesOfSchema(*item.body,
+                                       [&](const TypeIdKey& typeId) { prefetchEntry(units.found(), typeId); });
     });
-    visitAhead(1, [&](auto& schema) {
-        Kind::dependenciesOfSchema(*schema.body, [&](const TypeIdKey& typeId) { registry.prefetchItem(typeId); });
+    visitAhead(1, [&](auto& item) {
+        Kind::dependenciesOfSchema(*item.body, [&](const TypeIdKey& typeId) { prefetchItem(registry, typeId); });
     });
 }
 
 /// Makes the objects of one kind, of which none depends on another.
 template <class Kind> void stagePending(Registry& registry, ResolutionScope& scope) {
-    auto& items = registry.store<Kind>();
-    items.staged.reserve(items.pending.size());
-    const auto typeIdOfSchema = [&](const auto& schema) { return registry.typeIdAt(schema.entry); };
-    forEachUntilFault(items.pending, typeIdOfSchema, [&](auto& schema) {
-        prefetchAhead<Kind>(registry, scope.unitFinder(), items.pending,
-                            static_cast<std::size_t>(&schema - items.pending.data()));
-        registry.stage<Kind>(schema, Kind::resolve(typeIdOfSchema(schema), schema.body.take(), scope));
+    auto& store = registry.store<Kind>();
+    store.staged.reserve(store.pending.size());
+    const auto typeIdOfPending = [&](const auto& item) { return registry.index()[item.entry].typeId(); };
+    forEachUntilFault(store.pending, typeIdOfPending, [&](auto& item) {
+        prefetchAhead<Kind>(registry, scope.unitFinder(), store.pending,
+                            static_cast<std::size_t>(&item - store.pending.data()));
+        registry.stage<Kind>(item, Kind::resolve(typeIdOfPending(item), item.body.take(), scope));
     });
 }
 

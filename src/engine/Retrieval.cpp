@@ -1,5 +1,6 @@
 #include "base/UnitsErrors.h"
 #include "engine/EngineImpl.h"
+#include "engine/Prefetch.h"
 #include "schema/Frame.h"
 #include "schema/SchemaDocumentWriting.h"
 
@@ -34,7 +35,7 @@ template <class Kind> std::string naturalText(const typename Kind::Object& objec
 template <class Kind>
 std::string compatibleText(const typename Kind::Object& object, std::string_view registeredText,
                            DataModelVersion version) {
-    Kind::prefetch(object);
+    prefetchForWriting(object);
     const Conversion conversion = Kind::conversionOf(object);
     if (!registeredText.empty() && conversion.representable.contains(version) && conversion.natural.contains(version)) {
         return std::string(registeredText);
@@ -64,11 +65,12 @@ std::string ParametersEngine::getSchema(const std::string& typeId) const {
 }
 
 std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion version, const std::string& typeId) const {
-    std::string text;
-    const bool found = impl_->primary.visitFinished(typeId, [&](auto kind, const auto& item) {
-        text = compatibleText<decltype(kind)>(item.object, item.text, version);
-    });
-    if (found) {
+    if (const ItemLocation* location = impl_->primary.findFinished(typeId)) {
+        prefetchData(*location);
+        std::string text;
+        impl_->primary.visitAt(*location, [&](auto kind, const auto& item) {
+            text = compatibleText<decltype(kind)>(item.object, item.text, version);
+        });
         return text;
     }
     return withUnitsValidation([&] {

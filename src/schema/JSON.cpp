@@ -1,6 +1,5 @@
 #include "schema/JSON.h"
 
-#include "engine/Prefetch.h"
 #include "schema/RapidJSON.h"
 
 #include <algorithm>
@@ -249,7 +248,6 @@ JSON::JSON(const void* viewed, const ExceptionFactory* exceptionFactory) noexcep
     : viewed_(viewed), exceptionFactory_(exceptionFactory) {}
 
 JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& text, Scratch* scratch) {
-    prefetch(text);
     JSON json(Tree::create(scratch), &exceptionFactory);
     rapidjson::ParseResult result;
     auto generate = [&](Document& document) {

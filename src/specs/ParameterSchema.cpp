@@ -1,7 +1,6 @@
 #include "specs/ParameterSchema.h"
 
 #include "base/Text.h"
-#include "engine/Prefetch.h"
 #include "schema/DataModels.h"
 #include "schema/Frame.h"
 #include "schema/VersionedWriting.h"
@@ -415,34 +414,9 @@ void writeLegacyParameterSchema(const Parameter& parameter, JSON::Writer& target
     }
 }
 
-/// Calls visit with each object that the parameter refers to.
-template <class Visit> void visitReferences(const Parameter& parameter, const Visit& visit) {
-    visit(parameter.getSpec());
-    visit(parameter.getGroup());
-    std::visit(
-        [&](const auto& range) {
-            if constexpr (!std::is_same_v<decltype(range), const std::monostate&>) {
-                visit(range);
-            }
-        },
-        parameter.getRange());
-}
-
 } // namespace
 
-void prefetchForWriting(const Parameter& parameter) {
-    visitReferences(parameter, [](const auto& object) {
-        const auto& data = Internals::dataOf(object);
-        prefetch(&data, sizeof(data));
-    });
-    const auto& data = Internals::dataOf(parameter);
-    prefetch(data.typeId);
-    prefetch(data.name);
-    prefetch(data.description);
-}
-
 void writeParameterSchema(const Parameter& parameter, JSON::Writer& target, DataModelVersion version) {
-    visitReferences(parameter, [](const auto& object) { prefetch(typeIdOf(object)); });
     const auto type = primitiveTypeOf(parameter.getSpec().getValueTypeId());
     if (version == V::V1 && type) {
         writeLegacyParameterSchema(parameter, target, *type);

@@ -83,9 +83,6 @@ template <class Visit> void visitTexts(ParameterSchema& schema, const Visit& vis
 void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,
                              const Units::UnitsEngine& unitsEngine, const StoreList<Category>& categoryStores);
 
-/// Has the processor fetch what it takes to write the parameter, which lies in many places.
-void prefetchForWriting(const Parameter& parameter);
-
 void writeParameterSchema(const Parameter& parameter, JSON::Writer& target, DataModelVersion version);
 
 } // namespace Parameters

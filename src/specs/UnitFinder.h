@@ -28,10 +28,8 @@ public:
         return &unit->second;
     }
 
-    // What find() waits for, where the unit is known, to be fetched before. The second reads what the first fetches.
-
-    void prefetchIndex(const TypeIdKey& key) const noexcept { found_.prefetchIndex(key); }
-    void prefetchEntry(const TypeIdKey& key) const noexcept { found_.prefetchEntry(key); }
+    /// What has been found so far.
+    [[nodiscard]] const TypeIdMap<Units::Unit>& found() const noexcept { return found_; }
 
 private:
     const Units::UnitsEngine& engine_;
