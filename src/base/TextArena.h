@@ -10,8 +10,8 @@ namespace Parameters {
 /// Keeps texts in few large blocks, at addresses that never change. Copies of an arena share the blocks, so that views
 /// into one hold in the other, too; each adds to blocks of its own.
 ///
-/// A text can't be taken out. Whoever has no use for some says so, and moves the others to a new arena when too much is
-/// wasted.
+/// A text can't be taken out. Whoever has no more use for some discards them, and moves the others to a new arena when
+/// most have been discarded.
 class TextArena {
 public:
     TextArena() noexcept = default;
@@ -31,7 +31,7 @@ public:
     /// Makes room for texts of that size together, so that adding them can't fail.
     void reserve(std::size_t size);
 
-    /// Says that a text of that size is of no use any more.
+    /// Counts a text of that size as discarded.
     void discard(std::size_t size) noexcept { usedSize_ -= size; }
 
     /// The size of all texts that are of use.

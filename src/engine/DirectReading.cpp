@@ -15,14 +15,14 @@ SchemaDocument readDocument(const std::string& text) {
 /// The type of a form that stands for one, else that of the spec's value type name.
 LegacyPrimitiveType valueTypeOf(const std::string& text, const LookupScope& scope) {
     const SchemaDocument document = readDocument(text);
-    const auto schema = readParameterSchema(document);
-    if (!schema) {
+    const auto body = readParameterSchema(document);
+    if (!body) {
         return LegacyPrimitiveType::General;
     }
-    if (schema->primitiveType) {
-        return *schema->primitiveType;
+    if (body->primitiveType) {
+        return *body->primitiveType;
     }
-    const Spec spec = resolveSpecOfParameter(document.typeId, *schema, scope.stores<SpecKind>());
+    const Spec spec = resolveSpecOfParameter(document.typeId, *body, scope.stores<SpecKind>());
     const auto* name = std::get_if<std::string>(&spec.getValueTypeId());
     // "Reference" is a value type name but says nothing here: only a data type of references does.
     if (name == nullptr || isExactly(*name, PrimitiveTypeNames::reference)) {
@@ -36,12 +36,12 @@ LegacyPrimitiveType valueTypeOf(const std::string& text, const LookupScope& scop
 Parameter ParametersEngine::readParameter(const std::string& text) const {
     const SchemaDocument document = readDocument(text);
     impl_->requireUnregistered(document.typeId);
-    const auto schema = readParameterSchema(document);
-    if (!schema) {
+    const auto body = readParameterSchema(document);
+    if (!body) {
         throw ValidationException("Inheritance from an incorrect base schema.");
     }
     const LookupScope scope(impl_->units, impl_->primary);
-    return ParameterKind::resolve(document.typeId, *schema, scope);
+    return ParameterKind::resolve(document.typeId, *body, scope);
 }
 
 LegacyPrimitiveType ParametersEngine::readValueType(const std::string& text) const {

@@ -49,8 +49,8 @@ void Registry::dropPending() noexcept {
         if (!items.pending.empty()) {
             first = std::min(first, items.pending.front().entry);
         }
-        for (const auto& schema : items.pending) {
-            texts_.discard(schema.text.size());
+        for (const auto& item : items.pending) {
+            texts_.discard(item.text.size());
         }
         items.clearPending();
     });
