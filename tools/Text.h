@@ -9,7 +9,7 @@ namespace Tool {
 /// Text from documents and file names without the characters that would steer a terminal or break a line.
 std::string printable(std::string_view text);
 
-/// How many characters a text in UTF-8 has, which is about the width that it takes.
+/// The columns that a text in UTF-8 takes in a terminal: two for a wide character, none for a combining one.
 std::size_t widthOf(std::string_view text);
 
 /// Where a text in UTF-8 goes wrong; npos for nowhere.

@@ -19,6 +19,17 @@ TEST(ListCommand, AlignsATableButForALongTypeid) {
                           ""));
 }
 
+TEST(ListCommand, AlignsWideAndCombiningCharacters) {
+    EXPECT_EQ(runToolOn(Documents::domain("a", "配管") + '\n' + Documents::domain("b", "e\u0301a") + '\n' +
+                            Documents::domain("c", "Fan"),
+                        {"list", "a.jsonl"})
+                  .output,
+              "TYPEID  KIND    NAME  FORMAT        VERSIONS\n"
+              "a       domain  配管  PropertySets  1.0.0 to 2.0.0\n"
+              "b       domain  e\u0301a    PropertySets  1.0.0 to 2.0.0\n"
+              "c       domain  Fan   PropertySets  1.0.0 to 2.0.0\n");
+}
+
 TEST(ListCommand, WritesJsonForPrograms) {
     EXPECT_THAT(runTool({"list", "examples/catalog/domains", "--kind", "domain", "--json"}).output, StartsWith(R"([
   {
