@@ -5,7 +5,7 @@
 
 #include <fmt/core.h>
 
-#include <array>
+#include <map>
 #include <memory>
 #include <set>
 
@@ -14,15 +14,13 @@ namespace Tool {
 namespace {
 
 void printSummary(const Catalog& catalog) {
-    std::array<std::size_t, kindCount> counts{};
+    std::map<std::string, std::size_t> counts;
     for (const auto& [typeId, item] : itemsOf(catalog)) {
-        ++counts.at(static_cast<std::size_t>(item.kind));
+        ++counts[item.kind->name];
     }
     std::vector<Row> rows;
-    for (std::size_t kind = 0; kind < kindCount; ++kind) {
-        if (counts.at(kind) != 0) {
-            rows.push_back({kindNames.at(kind), fmt::format("{:>6}", counts.at(kind))});
-        }
+    for (const auto& [kind, count] : counts) {
+        rows.push_back({kind, fmt::format("{:>6}", count)});
     }
     printTable(rows);
 

@@ -5,6 +5,8 @@
 #include "Text.h"
 #include "Tree.h"
 
+#include <fmt/core.h>
+
 #include <memory>
 #include <utility>
 
@@ -22,7 +24,7 @@ struct DepsOptions {
 Tree treeOf(const Links& links, const std::map<std::string, Item>& items, const std::string& typeId,
             std::set<std::string>& shown) {
     const Item& item = items.at(typeId);
-    Tree tree = {nameOf(item.kind) + ' ' + wordsFor(typeId, item.name), {}};
+    Tree tree = {fmt::format("{} {}", item.kind->name, wordsFor(typeId, item.name)), {}};
     const std::set<std::string>& next = links.at(typeId);
     // What many documents share would otherwise be written out again and again.
     if (!next.empty() && !shown.insert(typeId).second) {
@@ -41,7 +43,7 @@ void printAsTable(const Links& links, const std::map<std::string, Item>& items, 
     for (const auto& [found, distance] : reachableFrom(links, typeId)) {
         if (distance != 0) {
             const Item& item = items.at(found);
-            rows.push_back({printable(found), nameOf(item.kind), direct.count(found) != 0 ? "directly" : "indirectly",
+            rows.push_back({printable(found), item.kind->name, direct.count(found) != 0 ? "directly" : "indirectly",
                             printable(item.name)});
         }
     }

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -72,19 +73,8 @@ public:
         return lines;
     }
 
-    template <class NumericRange> [[nodiscard]] std::vector<Tree> operator()(const NumericRange& range) const {
-        std::vector<Tree> lines;
-        if (range.isBoundFromBottom()) {
-            lines.push_back(line("from", fmt::format("{}", range.getBottomBoundary())));
-        }
-        if (range.isBoundFromTop()) {
-            lines.push_back(line("up to", fmt::format("{}", range.getTopBoundary())));
-        }
-        if (lines.empty()) {
-            lines.push_back(line("allows", "any number"));
-        }
-        return lines;
-    }
+    [[nodiscard]] std::vector<Tree> operator()(const FloatRange& range) const { return describeLimits(range); }
+    [[nodiscard]] std::vector<Tree> operator()(const IntRange& range) const { return describeLimits(range); }
 
     [[nodiscard]] std::vector<Tree> operator()(const StringRange& range) const {
         if (const auto regex = range.getRegexStringRangeComponent()) {
@@ -138,7 +128,24 @@ public:
         return lines;
     }
 
+    /// Disciplines, domains and groups have nothing but their name.
+    [[nodiscard]] std::vector<Tree> operator()(const Taxon& /*taxon*/) const { return {}; }
+
 private:
+    template <class Range> [[nodiscard]] static std::vector<Tree> describeLimits(const Range& range) {
+        std::vector<Tree> lines;
+        if (range.isBoundFromBottom()) {
+            lines.push_back(line("from", fmt::format("{}", range.getBottomBoundary())));
+        }
+        if (range.isBoundFromTop()) {
+            lines.push_back(line("up to", fmt::format("{}", range.getTopBoundary())));
+        }
+        if (lines.empty()) {
+            lines.push_back(line("allows", "any number"));
+        }
+        return lines;
+    }
+
     template <class Object>
     [[nodiscard]] Tree described(std::string_view label, const Object& object, const std::string& name) const {
         Tree tree = reference(label, object.getTypeId(), name);
@@ -158,32 +165,21 @@ private:
     const std::map<std::string, Item>& items_;
 };
 
-std::vector<Tree> describe(const Description& description, const ParametersEngine& engine, Kind kind,
+std::vector<Tree> describe(const Description& description, const ParametersEngine& engine, const Item& item,
                            const std::string& typeId) {
-    switch (kind) {
-    case Kind::Category:
-        return description(engine.getCategory(typeId));
-    case Kind::Enumeration:
-        return description(engine.getEnumeration(typeId));
-    case Kind::FloatRange:
-        return description(engine.getFloatRange(typeId));
-    case Kind::IntRange:
-        return description(engine.getIntRange(typeId));
-    case Kind::Parameter:
-        return description(engine.getParameter(typeId));
-    case Kind::Spec:
-        return description(engine.getSpec(typeId));
-    case Kind::StringRange:
-        return description(engine.getStringRange(typeId));
-    case Kind::Unit:
-        return description(engine.getUnitsEngine().getUnit(typeId));
-    case Kind::Dimension:
-    case Kind::Discipline:
-    case Kind::Domain:
-    case Kind::Group:
-        break;
-    }
-    return {};
+    std::vector<Tree> lines;
+    const auto add = [&](const auto& row) {
+        using Row = std::decay_t<decltype(row)>;
+        if constexpr (!std::is_same_v<Row, UnlistedKind>) {
+            static_assert(std::is_invocable_v<const Description&, const typename Row::Object&>,
+                          "Description needs an overload for the objects of each kind.");
+            if (item.kind == &row.kind) {
+                lines = description(row.get(engine, typeId));
+            }
+        }
+    };
+    forEachKind(add);
+    return lines;
 }
 
 } // namespace
@@ -191,8 +187,8 @@ std::vector<Tree> describe(const Description& description, const ParametersEngin
 Tree describe(const Catalog& catalog, const std::map<std::string, Item>& items, const std::string& typeId) {
     const Item& item = items.at(typeId);
     const auto [lowest, highest] = catalog.engine.getCompatibleDataModelRange(typeId);
-    Tree tree = {fmt::format("{} {}", nameOf(item.kind), wordsFor(typeId, item.name)),
-                 describe(Description(catalog.engine, items), catalog.engine, item.kind, typeId)};
+    Tree tree = {fmt::format("{} {}", item.kind->name, wordsFor(typeId, item.name)),
+                 describe(Description(catalog.engine, items), catalog.engine, item, typeId)};
     tree.branches.push_back(line("format", formatOf(*item.document)));
     tree.branches.push_back(line("data models", fmt::format("{} to {}", wordsFor(lowest), wordsFor(highest))));
     tree.branches.push_back(line("document", wordsFor(item.document->origin)));

@@ -4,33 +4,12 @@
 
 #include <fmt/core.h>
 
-#include <array>
-#include <set>
 #include <string>
 #include <string_view>
 
 namespace Tool {
 
 namespace {
-
-struct Style {
-    std::string_view shape;
-    std::string_view colour;
-};
-
-/// By kind. Kinds of one family share a colour, so that a graph can be read from afar.
-constexpr std::array<Style, kindCount> styles = {{{"folder", "#f6c9a8"},
-                                                  {"cds", "#cfe3b4"},
-                                                  {"hexagon", "#e3d3ef"},
-                                                  {"tab", "#f9e0c7"},
-                                                  {"note", "#fbf1b3"},
-                                                  {"parallelogram", "#fbf1b3"},
-                                                  {"octagon", "#d9d9d9"},
-                                                  {"trapezium", "#fbf1b3"},
-                                                  {"box", "#a9cdea"},
-                                                  {"ellipse", "#b5e2dc"},
-                                                  {"house", "#fbf1b3"},
-                                                  {"diamond", "#dff0c8"}}};
 
 std::string dotString(std::string_view text) {
     std::string result = "\"";
@@ -43,27 +22,24 @@ std::string dotString(std::string_view text) {
     return result + '"';
 }
 
-std::string attributesOf(Kind kind) {
-    const Style& style = styles.at(static_cast<std::size_t>(kind));
-    return fmt::format("shape={}, fillcolor=\"{}\"", style.shape, style.colour);
-}
+std::string attributesOf(const Kind& kind) { return fmt::format("shape={}, fillcolor=\"{}\"", kind.shape, kind.color); }
 
 std::string nodeOf(const std::string& typeId, const Item& item) {
     const std::string& label = item.name.empty() ? typeId : item.name;
     return fmt::format("  {} [label={}, tooltip={}, {}];\n", dotString(typeId), dotString(label), dotString(typeId),
-                       attributesOf(item.kind));
+                       attributesOf(*item.kind));
 }
 
 constexpr std::size_t legendColumns = 4;
 
 /// In rows, which edges that are not seen keep together.
-std::string legendOf(const std::set<Kind>& kinds) {
+std::string legendOf(const std::map<std::string, const Kind*>& kinds) {
     std::string legend = "  subgraph cluster_legend {\n    label=\"Legend\";\n    color=\"#999999\";\n";
     std::string last;
     std::size_t column = 0;
-    for (const Kind kind : kinds) {
-        const std::string node = fmt::format("\"legend {}\"", nameOf(kind));
-        legend += fmt::format("    {} [label=\"{}\", {}];\n", node, nameOf(kind), attributesOf(kind));
+    for (const auto& [name, kind] : kinds) {
+        const std::string node = fmt::format("\"legend {}\"", name);
+        legend += fmt::format("    {} [label=\"{}\", {}];\n", node, name, attributesOf(*kind));
         if (column++ % legendColumns != 0) {
             legend += fmt::format("    {} -> {} [style=invis];\n", last, node);
         }
@@ -81,10 +57,10 @@ std::string dotText(const std::map<std::string, Item>& items, const Links& refer
         "  graph [rankdir=LR, nodesep=0.15, fontname=\"Helvetica\", fontsize=11];\n"
         "  node [style=filled, fontname=\"Helvetica\", fontsize=11, height=0.35, margin=\"0.12,0.04\"];\n"
         "  edge [color=\"#555555\"];\n";
-    std::set<Kind> kinds;
+    std::map<std::string, const Kind*> kinds;
     for (const auto& [typeId, distance] : shown) {
         const Item& item = items.at(typeId);
-        kinds.insert(item.kind);
+        kinds.emplace(item.kind->name, item.kind);
         text += nodeOf(typeId, item);
     }
     for (const auto& [typeId, distance] : shown) {

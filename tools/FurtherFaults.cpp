@@ -1,6 +1,7 @@
 #include "FurtherFaults.h"
 
 #include "DocumentJson.h"
+#include "Kinds.h"
 #include "Progress.h"
 
 #include <fmt/core.h>
@@ -39,6 +40,7 @@ constexpr std::array bases = {"quovanta.parameter:group-1.0.0",
                               "quovanta.range:range.string.regex-1.0.0",
                               "quovanta.unit:dimension-1.0.0",
                               "Enum"};
+static_assert(bases.size() == kindCount - 1, "Every kind needs a base here but parameters, which nothing refers to.");
 
 std::string baseOf(const char* typeId) { return Json{{"inherits", Json::array({typeId})}}.dump(); }
 

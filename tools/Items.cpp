@@ -17,43 +17,32 @@ template <class Object, class = void> struct HasName : std::false_type {};
 template <class Object>
 struct HasName<Object, std::void_t<decltype(std::declval<const Object&>().getName())>> : std::true_type {};
 
-template <class Object> void addAll(Items& items, Kind kind, const std::map<std::string, Object>& objects) {
-    for (const auto& [typeId, object] : objects) {
+template <class Engine, class Object, class Objects>
+void addAll(Items& items, const Parameters::ParametersEngine& engine, const ListedKind<Engine, Object, Objects>& row) {
+    for (const auto& [typeId, object] : row.getAll(engine)) {
         Item& item = items[typeId];
-        item.kind = kind;
+        item.kind = &row.kind;
         if constexpr (HasName<Object>::value) {
             item.name = object.getName();
         }
     }
 }
 
-} // namespace
+void addAll(Items& /*items*/, const Parameters::ParametersEngine& /*engine*/, const UnlistedKind& /*row*/) {}
 
-std::string nameOf(Kind kind) { return kindNames.at(static_cast<std::size_t>(kind)); }
+} // namespace
 
 Items itemsOf(const Catalog& catalog) {
     Items items;
-    const Parameters::ParametersEngine& engine = catalog.engine;
-    addAll(items, Kind::Category, engine.getAllCategories());
-    addAll(items, Kind::Discipline, engine.getAllDisciplines());
-    addAll(items, Kind::Domain, engine.getAllDomains());
-    addAll(items, Kind::Enumeration, engine.getAllEnumerations());
-    addAll(items, Kind::FloatRange, engine.getAllFloatRanges());
-    addAll(items, Kind::Group, engine.getAllGroups());
-    addAll(items, Kind::IntRange, engine.getAllIntRanges());
-    addAll(items, Kind::Parameter, engine.getAllParameters());
-    addAll(items, Kind::Spec, engine.getAllSpecs());
-    addAll(items, Kind::StringRange, engine.getAllStringRanges());
-    addAll(items, Kind::Unit, engine.getUnitsEngine().getAllUnits());
+    forEachKind([&](const auto& row) { addAll(items, catalog.engine, row); });
     for (const Document& document : catalog.documents) {
         if (document.state != DocumentState::Finished) {
             continue;
         }
-        const auto [entry, isDimension] = items.try_emplace(document.typeId);
+        const auto [entry, isUnlisted] = items.try_emplace(document.typeId);
         entry->second.document = &document;
-        if (isDimension) {
-            // The units library keeps dimensions and lists them nowhere.
-            entry->second.kind = Kind::Dimension;
+        if (isUnlisted) {
+            entry->second.kind = &std::get<UnlistedKind>(kindRows).kind;
             entry->second.name = textConstant(parseDocument(document.text), "name");
         }
     }

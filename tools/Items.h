@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Catalog.h"
+#include "Kinds.h"
 
 #include <Parameters/DataModelVersion.h>
 
@@ -11,31 +12,9 @@
 
 namespace Tool {
 
-enum class Kind {
-    Category,
-    Dimension,
-    Discipline,
-    Domain,
-    Enumeration,
-    FloatRange,
-    Group,
-    IntRange,
-    Parameter,
-    Spec,
-    StringRange,
-    Unit,
-};
-
-inline constexpr std::array kindNames = {"category", "dimension", "discipline", "domain", "enumeration",  "float-range",
-                                         "group",    "int-range", "parameter",  "spec",   "string-range", "unit"};
-inline constexpr std::size_t kindCount = kindNames.size();
-static_assert(kindCount == static_cast<std::size_t>(Kind::Unit) + 1);
-
-std::string nameOf(Kind kind);
-
 /// A finished document of the catalog.
 struct Item {
-    Kind kind = Kind::Dimension;
+    const Kind* kind = nullptr;
     /// Empty for kinds that have no names.
     std::string name;
     const Document* document = nullptr;

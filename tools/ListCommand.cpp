@@ -30,10 +30,10 @@ struct Entry {
 std::vector<Entry> entriesOf(const Catalog& catalog, const std::string& kind) {
     std::vector<Entry> entries;
     for (const auto& [typeId, item] : itemsOf(catalog)) {
-        if (kind.empty() || kind == nameOf(item.kind)) {
+        if (kind.empty() || kind == item.kind->name) {
             const auto [lowest, highest] = catalog.engine.getCompatibleDataModelRange(typeId);
             entries.push_back(
-                {typeId, nameOf(item.kind), item.name, formatOf(*item.document), wordsFor(lowest), wordsFor(highest)});
+                {typeId, item.kind->name, item.name, formatOf(*item.document), wordsFor(lowest), wordsFor(highest)});
         }
     }
     return entries;
@@ -79,7 +79,7 @@ void addList(CLI::App& app, Status& status) {
     auto options = std::make_shared<ListOptions>();
     addPaths(*command, options->paths);
     command->add_option("--kind", options->kind, "Only documents of this kind")
-        ->check(CLI::IsMember(std::vector<std::string>(kindNames.begin(), kindNames.end())))
+        ->check(CLI::IsMember(kindNames()))
         ->type_name("KIND");
     command->add_flag("--json", options->asJson, "A JSON array for programs, instead of a table");
     command->callback([options, &status] { status = list(*options); });
