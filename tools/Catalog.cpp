@@ -1,13 +1,15 @@
 #include "Catalog.h"
 
 #include "DocumentJson.h"
+#include "MaskedErrors.h"
 #include "Progress.h"
 #include "References.h"
-#include "Settling.h"
 #include "Text.h"
 
 #include <fmt/core.h>
 
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -32,7 +34,7 @@ void registerAlone(Document& document, const DocumentFrame& frame) {
 }
 
 /// What speaks against a document by itself; empty for nothing.
-std::string faultOf(Document& document) {
+std::string errorIn(Document& document) {
     const DocumentFrame frame = readFrame(document.text);
     document.typeId = frame.typeId;
     try {
@@ -47,17 +49,134 @@ void take(Catalog& catalog, DocumentText source) {
     const std::size_t position = catalog.documents.size();
     Document& document =
         catalog.documents.emplace_back(Document{std::move(source.origin), std::move(source.text), {}, {}, {}});
-    std::string fault = source.fault.empty() ? faultOf(document) : std::move(source.fault);
-    if (fault.empty()) {
+    std::string error = source.error.empty() ? errorIn(document) : std::move(source.error);
+    if (error.empty()) {
         const auto [entry, isNew] = catalog.positions.emplace(document.typeId, position);
         if (isNew) {
             document.state = DocumentState::Registered;
             return;
         }
-        fault = fmt::format("Schema with typeid {} is already registered, from {}.", document.typeId,
-                            wordsFor(catalog.documents[entry->second].origin));
+        error = fmt::format("Schema with typeid {} is already registered, from {}.", document.typeId,
+                            formatOrigin(catalog.documents[entry->second].origin));
     }
-    catalog.faults.push_back({position, std::move(fault)});
+    catalog.errors.push_back({position, std::move(error)});
+}
+
+/// Documents, each behind those that it refers to.
+using Batch = std::vector<std::size_t>;
+
+/// A reference of a document to one with a fault or to a blocked one; null for none.
+const std::string* blockingReferenceOf(const Document& document, const Catalog& catalog) {
+    for (const std::string& typeId : document.references) {
+        const DocumentState state = catalog.documents[catalog.positions.at(typeId)].state;
+        if (state == DocumentState::Invalid || state == DocumentState::Blocked) {
+            return &typeId;
+        }
+    }
+    return nullptr;
+}
+
+/// A failed resolution drops its whole batch and tells one fault. So a batch that fails is resolved in two halves, each
+/// again in halves, down to the documents at fault. A half is complete, because it stands in the order of references
+/// behind what has been finished. With n documents and k faults these are 2 k log2(n) resolutions at most, and n
+/// log2(n) registrations however many faults there are.
+class Bisection {
+public:
+    explicit Bisection(Catalog& catalog, std::size_t total) : catalog_(catalog), progress_("Resolving", total) {}
+
+    void resolve(const Batch& whole) {
+        Batch batch = withoutBlocked(whole);
+        if (batch.empty()) {
+            return;
+        }
+        const std::string error = tryToResolve(batch);
+        if (error.empty()) {
+            finish(batch);
+        } else if (batch.size() == 1) {
+            refuse(batch.front(), error);
+        } else {
+            const auto middle = batch.begin() + static_cast<std::ptrdiff_t>(batch.size() / 2);
+            resolve({batch.begin(), middle});
+            resolve({middle, batch.end()});
+        }
+    }
+
+private:
+    /// Leaves out what has a fault or refers to what has one.
+    Batch withoutBlocked(const Batch& batch) {
+        Batch result;
+        for (const std::size_t position : batch) {
+            Document& document = catalog_.documents[position];
+            if (document.state != DocumentState::Registered) {
+                progress_.advance();
+            } else if (blockingReferenceOf(document, catalog_) != nullptr) {
+                document.state = DocumentState::Blocked;
+                progress_.advance();
+            } else {
+                result.push_back(position);
+            }
+        }
+        return result;
+    }
+
+    /// @return the first fault; empty if all are finished.
+    std::string tryToResolve(const Batch& batch) {
+        for (const std::size_t position : batch) {
+            catalog_.engine.registerSchema(catalog_.documents[position].text);
+        }
+        try {
+            catalog_.engine.resolveSchemas();
+            return {};
+        } catch (const std::logic_error& exception) {
+            return exception.what();
+        }
+    }
+
+    void finish(const Batch& batch) {
+        for (const std::size_t position : batch) {
+            catalog_.documents[position].state = DocumentState::Finished;
+        }
+        progress_.advance(batch.size());
+    }
+
+    void refuse(std::size_t position, const std::string& error) {
+        catalog_.documents[position].state = DocumentState::Invalid;
+        catalog_.errors.push_back({position, error});
+        progress_.advance();
+    }
+
+    Catalog& catalog_;
+    Progress progress_;
+};
+
+void reportBlocked(Catalog& catalog) {
+    for (std::size_t position = 0; position < catalog.documents.size(); ++position) {
+        const Document& document = catalog.documents[position];
+        if (document.state == DocumentState::Blocked) {
+            catalog.blocked.push_back(
+                {position, fmt::format("Has no fault that shows, but refers to {}, which cannot be loaded.",
+                                       *blockingReferenceOf(document, catalog))});
+        }
+    }
+}
+
+void resolveCatalog(Catalog& catalog) {
+    const auto before = static_cast<std::ptrdiff_t>(catalog.errors.size());
+    const Batch order = inOrderOfReferences(catalog);
+
+    // Units first: when they fail, the engine drops them alone, and when others fail, it keeps them.
+    Batch units;
+    Batch others;
+    std::partition_copy(order.begin(), order.end(), std::back_inserter(units), std::back_inserter(others),
+                        [&](std::size_t position) { return catalog.documents[position].isOfUnits; });
+    Bisection bisection(catalog, order.size());
+    bisection.resolve(units);
+    bisection.resolve(others);
+
+    reportMaskedErrors(catalog);
+    std::stable_sort(catalog.errors.begin() + before, catalog.errors.end(),
+                     [](const Error& left, const Error& right) { return left.document < right.document; });
+    reportBlocked(catalog);
 }
 
 } // namespace
@@ -78,12 +197,12 @@ Catalog loadCatalog(const std::vector<std::string>& paths) {
         progress.advance();
     }
     reportMissingReferences(catalog);
-    settle(catalog);
+    resolveCatalog(catalog);
     return catalog;
 }
 
-std::string wordsFor(const Catalog& catalog, const Fault& fault) {
-    return fmt::format("{}: {}", wordsFor(catalog.documents[fault.document].origin), printable(fault.message));
+std::string formatError(const Catalog& catalog, const Error& error) {
+    return fmt::format("{}: {}", formatOrigin(catalog.documents[error.document].origin), printable(error.message));
 }
 
 std::size_t positionOf(const Catalog& catalog, const std::string& typeId) {
@@ -94,7 +213,7 @@ std::size_t positionOf(const Catalog& catalog, const std::string& typeId) {
     const Document& document = catalog.documents[entry->second];
     if (document.state != DocumentState::Finished) {
         throw std::runtime_error(fmt::format("{}, which defines {}, has a fault or refers to one that has.",
-                                             wordsFor(document.origin), printable(typeId)));
+                                             formatOrigin(document.origin), printable(typeId)));
     }
     return entry->second;
 }

@@ -18,7 +18,7 @@ enum class DocumentState {
     /// Taken, and not yet resolved.
     Registered,
     /// It has a fault that shows only beside other documents.
-    Faulty,
+    Invalid,
     /// It has no fault that shows, but refers to a document that is faulty or blocked.
     Blocked,
     Finished,
@@ -38,7 +38,7 @@ struct Document {
 };
 
 /// What is wrong with a document.
-struct Fault {
+struct Error {
     std::size_t document;
     std::string message;
 };
@@ -51,9 +51,9 @@ struct Catalog {
     /// Positions of the documents that were taken, by typeid.
     std::map<std::string, std::size_t> positions;
     /// Those of texts, then those of references, then those that only resolution finds.
-    std::vector<Fault> faults;
+    std::vector<Error> errors;
     /// For each blocked document a reference that blocks it, in the order of the documents.
-    std::vector<Fault> blockades;
+    std::vector<Error> blocked;
     /// Paths that could not be read, a message each.
     std::vector<std::string> unreadable;
 };
@@ -64,7 +64,7 @@ bool isBuiltIn(const std::string& typeId);
 Catalog loadCatalog(const std::vector<std::string>& paths);
 
 /// FILE[:LINE]: message
-std::string wordsFor(const Catalog& catalog, const Fault& fault);
+std::string formatError(const Catalog& catalog, const Error& error);
 
 /// The position of the finished document of a typeid.
 ///

@@ -1,6 +1,6 @@
 #include "CommandLine.h"
 #include "Items.h"
-#include "Table.h"
+#include "Layout.h"
 #include "Text.h"
 
 #include <fmt/core.h>
@@ -24,14 +24,15 @@ void printSummary(const Catalog& catalog) {
     }
     printTable(rows);
 
-    std::set<std::size_t> faulty;
-    for (const Fault& fault : catalog.faults) {
-        faulty.insert(fault.document);
+    std::set<std::size_t> invalid;
+    for (const Error& error : catalog.errors) {
+        invalid.insert(error.document);
     }
     fmt::print("{}, {}{}.\n", counted(catalog.documents.size(), "document"),
-               faulty.empty() ? "no faults"
-                              : fmt::format("{} in {} of them", counted(catalog.faults.size(), "fault"), faulty.size()),
-               catalog.blockades.empty() ? "" : fmt::format("; {} more cannot be loaded", catalog.blockades.size()));
+               invalid.empty()
+                   ? "no faults"
+                   : fmt::format("{} in {} of them", counted(catalog.errors.size(), "fault"), invalid.size()),
+               catalog.blocked.empty() ? "" : fmt::format("; {} more cannot be loaded", catalog.blocked.size()));
 }
 
 Status check(const std::vector<std::string>& paths) {
@@ -39,12 +40,12 @@ Status check(const std::vector<std::string>& paths) {
     for (const std::string& message : catalog.unreadable) {
         printError(message);
     }
-    for (const auto* faults : {&catalog.faults, &catalog.blockades}) {
-        for (const Fault& fault : *faults) {
-            fmt::print("{}\n", wordsFor(catalog, fault));
+    for (const auto* errors : {&catalog.errors, &catalog.blocked}) {
+        for (const Error& error : *errors) {
+            fmt::print("{}\n", formatError(catalog, error));
         }
     }
-    if (!catalog.faults.empty()) {
+    if (!catalog.errors.empty()) {
         fmt::print("\n");
     }
     printSummary(catalog);

@@ -46,9 +46,9 @@ Catalog loadForUse(const std::vector<std::string>& paths) {
     for (const std::string& message : catalog.unreadable) {
         printError(message);
     }
-    for (const auto* faults : {&catalog.faults, &catalog.blockades}) {
-        for (const Fault& fault : *faults) {
-            printError(wordsFor(catalog, fault));
+    for (const auto* errors : {&catalog.errors, &catalog.blocked}) {
+        for (const Error& error : *errors) {
+            printError(formatError(catalog, error));
         }
     }
     return catalog;
@@ -58,7 +58,7 @@ Status statusOf(const Catalog& catalog) {
     if (!catalog.unreadable.empty()) {
         return Status::Failure;
     }
-    return catalog.faults.empty() ? Status::Success : Status::Faults;
+    return catalog.errors.empty() ? Status::Success : Status::Errors;
 }
 
 } // namespace Tool

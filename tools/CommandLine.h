@@ -14,7 +14,7 @@ namespace Tool {
 enum class Status {
     Success = 0,
     /// The catalog has faults.
-    Faults = 1,
+    Errors = 1,
     /// Wrong usage, or a file that cannot be read or written.
     Failure = 2,
 };

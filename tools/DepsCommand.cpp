@@ -1,9 +1,8 @@
 #include "CommandLine.h"
 #include "Items.h"
-#include "Links.h"
-#include "Table.h"
+#include "Layout.h"
+#include "References.h"
 #include "Text.h"
-#include "Tree.h"
 
 #include <fmt/core.h>
 
@@ -24,7 +23,7 @@ struct DepsOptions {
 Tree treeOf(const Links& links, const std::map<std::string, Item>& items, const std::string& typeId,
             std::set<std::string>& shown) {
     const Item& item = items.at(typeId);
-    Tree tree = {fmt::format("{} {}", item.kind->name, wordsFor(typeId, item.name)), {}};
+    Tree tree = {fmt::format("{} {}", item.kind->name, formatLabel(typeId, item.name)), {}};
     const std::set<std::string>& next = links.at(typeId);
     // What many documents share would otherwise be written out again and again.
     if (!next.empty() && !shown.insert(typeId).second) {

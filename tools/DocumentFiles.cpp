@@ -35,7 +35,7 @@ bool isDocumentFile(const fs::path& file) { return extensionOf(file) == ".json" 
 std::string tooLarge() { return fmt::format("Larger than {} MiB.", largestDocument >> 20U); }
 
 /// What speaks against a text, before anybody reads it as JSON; empty for nothing.
-std::string faultOf(std::string_view text) {
+std::string errorIn(std::string_view text) {
     if (text.size() > largestDocument) {
         return tooLarge();
     }
@@ -155,8 +155,8 @@ void addDocument(std::vector<DocumentText>& documents, const std::string& file, 
     DocumentText& document = documents.emplace_back();
     document.origin.file = file;
     document.origin.line = line;
-    document.fault = faultOf(text);
-    if (document.fault.empty()) {
+    document.error = errorIn(text);
+    if (document.error.empty()) {
         document.text = std::move(text);
     }
 }
@@ -184,7 +184,7 @@ void readFile(const fs::path& file, std::vector<DocumentText>& documents) {
     } else if (fs::file_size(file) > largestDocument) {
         DocumentText& document = documents.emplace_back();
         document.origin.file = file.string();
-        document.fault = tooLarge();
+        document.error = tooLarge();
     } else {
         std::string text;
         readPiece(*stream.rdbuf(), std::nullopt, text);
@@ -194,9 +194,9 @@ void readFile(const fs::path& file, std::vector<DocumentText>& documents) {
 
 } // namespace
 
-std::string wordsFor(const Origin& origin) {
-    std::string words = printable(origin.file);
-    return origin.line == 0 ? words : fmt::format("{}:{}", words, origin.line);
+std::string formatOrigin(const Origin& origin) {
+    std::string text = printable(origin.file);
+    return origin.line == 0 ? text : fmt::format("{}:{}", text, origin.line);
 }
 
 DocumentFiles readDocumentFiles(const std::vector<std::string>& paths) {

@@ -14,13 +14,13 @@ struct Origin {
 };
 
 /// FILE or FILE:LINE
-std::string wordsFor(const Origin& origin);
+std::string formatOrigin(const Origin& origin);
 
 /// The text of a document, or what speaks against reading it as one; then the text is empty.
 struct DocumentText {
     Origin origin;
     std::string text;
-    std::string fault;
+    std::string error;
 };
 
 struct DocumentFiles {

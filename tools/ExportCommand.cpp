@@ -26,7 +26,8 @@ struct ExportOptions {
 void printLosses(const Document& document, const std::string& written) {
     const std::vector<std::string> losses = lossesOf(document.text, written);
     if (!losses.empty()) {
-        fmt::print("{}: {}, rewritten, no longer holds all:\n", wordsFor(document.origin), printable(document.typeId));
+        fmt::print("{}: {}, rewritten, no longer holds all:\n", formatOrigin(document.origin),
+                   printable(document.typeId));
     }
     for (const std::string& loss : losses) {
         fmt::print("  {}\n", printable(loss));
@@ -52,8 +53,8 @@ Export addAll(OutputFolder& output, const Catalog& catalog, Parameters::DataMode
             output.add(typeId, std::move(text));
             result.written.push_back(item.document);
         } catch (const Parameters::ValidationException& exception) {
-            result.refused.emplace(typeId, fmt::format("{}: {}: {}", wordsFor(item.document->origin), printable(typeId),
-                                                       exception.what()));
+            result.refused.emplace(typeId, fmt::format("{}: {}: {}", formatOrigin(item.document->origin),
+                                                       printable(typeId), exception.what()));
         }
     }
     return result;
@@ -87,7 +88,7 @@ Status exportCatalog(const ExportOptions& options) {
     fmt::print("{} in {} for data model {}, {} of them rewritten; {} cannot be represented.\n",
                counted(output.size(), "document"), printable(output.name()), options.version, result.rewritten.size(),
                result.refused.size());
-    return statusOf(catalog) | (result.refused.empty() ? Status::Success : Status::Faults);
+    return statusOf(catalog) | (result.refused.empty() ? Status::Success : Status::Errors);
 }
 
 } // namespace

@@ -1,9 +1,8 @@
 #include "CommandLine.h"
-#include "DotText.h"
 #include "Graphviz.h"
 #include "Items.h"
-#include "Links.h"
 #include "OutputFolder.h"
+#include "References.h"
 #include "Text.h"
 
 #include <fmt/core.h>
@@ -63,12 +62,12 @@ Status graph(const GraphOptions& options) {
     return statusOf(catalog);
 }
 
-std::string faultOfFileName(const std::string& file) {
+std::string validateFileName(const std::string& file) {
     const auto extension = std::filesystem::path(file).extension();
     return extension == ".dot" || extension == ".svg" ? "" : "Name must end with .dot or .svg";
 }
 
-std::string faultOfDepth(const std::string& depth) {
+std::string validateDepth(const std::string& depth) {
     const bool isNumber = !depth.empty() && depth.find_first_not_of("0123456789") == std::string::npos;
     return isNumber ? "" : "Must be a whole number from 0 on";
 }
@@ -83,7 +82,7 @@ void addGraph(CLI::App& app, Status& status) {
     command->add_flag("--reverse", options->isReverse, "Only the document and what refers to it")->needs(typeId);
     command->add_option("--depth", options->depth, "Only so many references away from the document")
         ->type_name("NUMBER")
-        ->check(CLI::Validator(faultOfDepth, ""))
+        ->check(CLI::Validator(validateDepth, ""))
         ->needs(typeId);
     command
         ->add_option(
@@ -91,7 +90,7 @@ void addGraph(CLI::App& app, Status& status) {
             "Where to write: FILE.dot, or FILE.svg through Graphviz's program dot; if not given, the former to "
             "standard output")
         ->type_name("FILE")
-        ->check(CLI::Validator(faultOfFileName, ""));
+        ->check(CLI::Validator(validateFileName, ""));
     addForce(*command, options->overwrite);
     command->callback([options, typeId, &status] {
         options->hasTypeId = typeId->count() != 0;

@@ -49,15 +49,15 @@ Items itemsOf(const Catalog& catalog) {
     return items;
 }
 
-std::string wordsFor(const std::string& typeId, const std::string& name) {
+std::string formatLabel(const std::string& typeId, const std::string& name) {
     return printable(name.empty() ? typeId : fmt::format("{} ({})", name, typeId));
 }
 
-std::string wordsFor(Parameters::DataModelVersion version) {
+std::string formatVersion(Parameters::DataModelVersion version) {
     return versionTexts.at(static_cast<std::size_t>(version));
 }
 
-std::string formatOf(const Document& document) {
+std::string formatNameOf(const Document& document) {
     return parseDocument(document.base).contains("schemaSpecification") ? "LumarDataSchema" : "PropertySets";
 }
 

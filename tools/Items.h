@@ -24,13 +24,13 @@ struct Item {
 std::map<std::string, Item> itemsOf(const Catalog& catalog);
 
 /// name (typeid), or the typeid alone if there is no name.
-std::string wordsFor(const std::string& typeId, const std::string& name);
+std::string formatLabel(const std::string& typeId, const std::string& name);
 
 /// "3.0.0" and its like.
 inline constexpr std::array versionTexts = {"1.0.0", "2.0.0", "3.0.0"};
-std::string wordsFor(Parameters::DataModelVersion version);
+std::string formatVersion(Parameters::DataModelVersion version);
 
 /// "LumarDataSchema" or "PropertySets", after the form in which the document was registered.
-std::string formatOf(const Document& document);
+std::string formatNameOf(const Document& document);
 
 } // namespace Tool

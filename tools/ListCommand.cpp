@@ -1,7 +1,7 @@
 #include "CommandLine.h"
 #include "DocumentJson.h"
 #include "Items.h"
-#include "Table.h"
+#include "Layout.h"
 #include "Text.h"
 
 #include <fmt/core.h>
@@ -32,8 +32,8 @@ std::vector<Entry> entriesOf(const Catalog& catalog, const std::string& kind) {
     for (const auto& [typeId, item] : itemsOf(catalog)) {
         if (kind.empty() || kind == item.kind->name) {
             const auto [lowest, highest] = catalog.engine.getCompatibleDataModelRange(typeId);
-            entries.push_back(
-                {typeId, item.kind->name, item.name, formatOf(*item.document), wordsFor(lowest), wordsFor(highest)});
+            entries.push_back({typeId, item.kind->name, item.name, formatNameOf(*item.document), formatVersion(lowest),
+                               formatVersion(highest)});
         }
     }
     return entries;

@@ -9,6 +9,8 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace Tool {
 
@@ -96,18 +98,18 @@ std::string missingMessage(const std::string& typeId, const std::map<std::string
     const auto entry = refused.find(typeId);
     return entry == refused.end()
                ? fmt::format("Refers to {}, which no document defines.", typeId)
-               : fmt::format("Refers to {}, which was refused in {}.", typeId, wordsFor(entry->second->origin));
+               : fmt::format("Refers to {}, which was refused in {}.", typeId, formatOrigin(entry->second->origin));
 }
 
 /// Each document of a ring gets these words, so that they must not grow with the ring.
-std::string wordsFor(const Catalog& catalog, const Positions& ring) {
+std::string formatCycle(const Catalog& catalog, const Positions& cycle) {
     constexpr std::size_t mostNamed = 10;
     std::vector<std::string> typeIds;
-    for (std::size_t step = 0; step < std::min(ring.size(), mostNamed); ++step) {
-        typeIds.push_back(catalog.documents[ring[step]].typeId);
+    for (std::size_t step = 0; step < std::min(cycle.size(), mostNamed); ++step) {
+        typeIds.push_back(catalog.documents[cycle[step]].typeId);
     }
     return fmt::format("{}{}", fmt::join(typeIds, ", "),
-                       ring.size() > mostNamed ? fmt::format(" and {} more", ring.size() - mostNamed) : "");
+                       cycle.size() > mostNamed ? fmt::format(" and {} more", cycle.size() - mostNamed) : "");
 }
 
 } // namespace
@@ -123,8 +125,8 @@ void reportMissingReferences(Catalog& catalog) {
         Document& document = catalog.documents[position];
         for (const std::string& typeId : document.references) {
             if (document.state != DocumentState::Refused && catalog.positions.count(typeId) == 0) {
-                catalog.faults.push_back({position, missingMessage(typeId, refused)});
-                document.state = DocumentState::Faulty;
+                catalog.errors.push_back({position, missingMessage(typeId, refused)});
+                document.state = DocumentState::Invalid;
             }
         }
     }
@@ -138,13 +140,51 @@ Positions inOrderOfReferences(Catalog& catalog) {
         if (component.size() == 1) {
             continue;
         }
-        const std::string message = fmt::format("Is in a ring of references: {}.", wordsFor(catalog, component));
+        const std::string message = fmt::format("Is in a ring of references: {}.", formatCycle(catalog, component));
         for (const std::size_t position : component) {
-            catalog.documents[position].state = DocumentState::Faulty;
-            catalog.faults.push_back({position, message});
+            catalog.documents[position].state = DocumentState::Invalid;
+            catalog.errors.push_back({position, message});
         }
     }
     return order;
+}
+
+Links linksToReferences(const Catalog& catalog) {
+    Links links;
+    for (const Document& document : catalog.documents) {
+        if (document.state == DocumentState::Finished) {
+            links.emplace(document.typeId, document.references);
+        }
+    }
+    return links;
+}
+
+Links linksToReferrers(const Catalog& catalog) {
+    Links links;
+    for (const auto& [typeId, references] : linksToReferences(catalog)) {
+        links.try_emplace(typeId);
+        for (const std::string& reference : references) {
+            links[reference].insert(typeId);
+        }
+    }
+    return links;
+}
+
+std::map<std::string, std::size_t> reachableFrom(const Links& links, const std::string& typeId, std::size_t distance) {
+    std::map<std::string, std::size_t> reached = {{typeId, 0}};
+    std::vector<std::string> last = {typeId};
+    for (std::size_t step = 1; !last.empty() && step <= distance; ++step) {
+        std::vector<std::string> next;
+        for (const std::string& from : last) {
+            for (const std::string& neighbour : links.at(from)) {
+                if (reached.emplace(neighbour, step).second) {
+                    next.push_back(neighbour);
+                }
+            }
+        }
+        last = std::move(next);
+    }
+    return reached;
 }
 
 } // namespace Tool

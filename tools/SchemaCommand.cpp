@@ -27,7 +27,7 @@ Status printSchema(const SchemaOptions& options) {
                    : catalog.engine.getSchemaInCompatibleFormat(versionOf(options.version), options.typeId);
     } catch (const Parameters::ValidationException& exception) {
         printError(fmt::format("{}: {}", printable(options.typeId), exception.what()));
-        return statusOf(catalog) | Status::Faults;
+        return statusOf(catalog) | Status::Errors;
     }
     if (options.isPretty) {
         text = prettyPrinted(text);

@@ -6,6 +6,6 @@ namespace Tool {
 
 /// Adds what else is wrong with documents that have a fault, or refer to a document that has, once all others are
 /// finished.
-void reportFurtherFaults(Catalog& catalog);
+void reportMaskedErrors(Catalog& catalog);
 
 } // namespace Tool

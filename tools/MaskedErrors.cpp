@@ -1,4 +1,4 @@
-#include "FurtherFaults.h"
+#include "MaskedErrors.h"
 
 #include "DocumentJson.h"
 #include "Kinds.h"
@@ -24,7 +24,7 @@ using Messages = std::vector<std::string>;
 /// document, because most agree on that.
 using Guesses = std::map<std::string, std::size_t>;
 
-constexpr std::size_t mostFaultsTold = 100;
+constexpr std::size_t mostErrorsReported = 100;
 /// Documents refer in a handful of roles to a handful of kinds.
 constexpr std::size_t mostKindsOfReferences = 100;
 
@@ -89,14 +89,14 @@ struct References {
     /// Of the document in their place; none for a built-in typeid as long as it may stand for itself.
     std::optional<std::string> base;
     /// Whether their faults are known, so that whatever fits may stand in their place.
-    bool isTold = false;
+    bool isReported = false;
     std::size_t guesses = 0;
 };
 
 /// A document with its references, those that are alike reduced to one.
-class Examination {
+class StandInResolution {
 public:
-    Examination(const Document& document, const Catalog& catalog, Guesses& guesses)
+    StandInResolution(const Document& document, const Catalog& catalog, Guesses& guesses)
         : document_(document), catalog_(catalog), guesses_(guesses), json_(parseDocument(document.text)) {
         for (const std::string text = json_.dump(); text.find(separator_) != std::string::npos;) {
             separator_ += '\x7F';
@@ -105,31 +105,31 @@ public:
     }
 
     /// Adds what resolution has against the document to the faults that are known.
-    void run(Messages& faults) {
+    void run(Messages& errors) {
         if (all_.size() > mostKindsOfReferences) {
             return;
         }
-        for (std::string fault = resolve(); !fault.empty(); fault = resolve()) {
-            References* const culprit = culpritOf(fault);
-            if (culprit == nullptr) {
+        for (std::string error = resolve(); !error.empty(); error = resolve()) {
+            References* const references = findReferencesAtFault(error);
+            if (references == nullptr) {
                 // Resolution comes to the document itself when its references are in order.
-                if (std::find(faults.begin(), faults.end(), fault) == faults.end()) {
-                    faults.push_back(fault);
+                if (std::find(errors.begin(), errors.end(), error) == errors.end()) {
+                    errors.push_back(error);
                 }
                 break;
             }
-            std::size_t& guess = guesses_[culprit->role];
-            if (!culprit->isTold) {
-                tell(fault, *culprit, faults);
-            } else if (++culprit->guesses < bases.size()) {
+            std::size_t& guess = guesses_[references->role];
+            if (!references->isReported) {
+                report(error, *references, errors);
+            } else if (++references->guesses < bases.size()) {
                 guess = (guess + 1) % bases.size();
             } else {
                 break;
             }
-            culprit->base = baseOf(bases.at(guess));
+            references->base = baseOf(bases.at(guess));
         }
-        if (hasUntold_) {
-            faults.emplace_back("Has further faults like these.");
+        if (hasUnreported_) {
+            errors.emplace_back("Has further faults like these.");
         }
     }
 
@@ -181,7 +181,7 @@ private:
             references.role = role_;
             references.mark = typeId + separator_ + std::to_string(all_.size()) + separator_;
             references.place = &place;
-            references.isTold = isMissing;
+            references.isReported = isMissing;
             if (isOfCatalog) {
                 references.base = isMissing ? baseOf(bases.at(guesses_[role_])) : like;
             }
@@ -209,18 +209,18 @@ private:
         }
     }
 
-    static bool isAbout(const std::string& fault, const References& references) {
-        return fault.find(references.mark) != std::string::npos;
+    static bool isAbout(const std::string& error, const References& references) {
+        return error.find(references.mark) != std::string::npos;
     }
 
     /// The references that a fault is about; null if it is about the document itself.
-    References* culpritOf(std::string& fault) {
+    References* findReferencesAtFault(std::string& error) {
         const auto marked = std::find_if(all_.begin(), all_.end(),
-                                         [&](const References& references) { return isAbout(fault, references); });
+                                         [&](const References& references) { return isAbout(error, references); });
         if (marked != all_.end()) {
             return &*marked;
         }
-        // A built-in typeid is the culprit if the fault is about whatever takes its place.
+        // A built-in typeid is the references if the fault is about whatever takes its place.
         for (References& references : all_) {
             if (references.base) {
                 continue;
@@ -230,8 +230,8 @@ private:
             const std::string other = resolve();
             const std::size_t position = other.find(references.mark);
             if (position != std::string::npos &&
-                std::string(other).replace(position, references.mark.size(), builtIn) == fault) {
-                fault = other;
+                std::string(other).replace(position, references.mark.size(), builtIn) == error) {
+                error = other;
                 return &references;
             }
             *references.place = builtIn;
@@ -240,25 +240,25 @@ private:
     }
 
     /// Adds a fault for each of the references, unless it is known.
-    void tell(const std::string& fault, References& references, Messages& faults) {
-        references.isTold = true;
-        const std::string_view before = std::string_view(fault).substr(0, fault.find(references.mark));
-        const std::string_view behind = std::string_view(fault).substr(before.size() + references.mark.size());
-        std::set<std::string> untold = references.typeIds;
-        for (const std::string& known : faults) {
+    void report(const std::string& error, References& references, Messages& errors) {
+        references.isReported = true;
+        const std::string_view before = std::string_view(error).substr(0, error.find(references.mark));
+        const std::string_view behind = std::string_view(error).substr(before.size() + references.mark.size());
+        std::set<std::string> unreported = references.typeIds;
+        for (const std::string& known : errors) {
             const std::size_t rest = before.size() + behind.size();
             if (known.size() > rest && known.compare(0, before.size(), before) == 0 &&
                 known.compare(known.size() - behind.size(), behind.size(), behind) == 0) {
-                untold.erase(known.substr(before.size(), known.size() - rest));
+                unreported.erase(known.substr(before.size(), known.size() - rest));
             }
         }
-        for (const std::string& typeId : untold) {
-            if (told_ == mostFaultsTold) {
-                hasUntold_ = true;
+        for (const std::string& typeId : unreported) {
+            if (reported_ == mostErrorsReported) {
+                hasUnreported_ = true;
                 break;
             }
-            faults.push_back(fmt::format("{}{}{}", before, typeId, behind));
-            ++told_;
+            errors.push_back(fmt::format("{}{}{}", before, typeId, behind));
+            ++reported_;
         }
     }
 
@@ -273,35 +273,35 @@ private:
     std::vector<References> all_;
     /// By role and base, or built-in typeid.
     std::map<std::pair<std::string, std::string>, std::size_t> positions_;
-    std::size_t told_ = 0;
-    bool hasUntold_ = false;
+    std::size_t reported_ = 0;
+    bool hasUnreported_ = false;
 };
 
 } // namespace
 
-void reportFurtherFaults(Catalog& catalog) {
+void reportMaskedErrors(Catalog& catalog) {
     std::map<std::size_t, Messages> known;
-    for (const Fault& fault : catalog.faults) {
-        known[fault.document].push_back(fault.message);
+    for (const Error& error : catalog.errors) {
+        known[error.document].push_back(error.message);
     }
     Guesses guesses;
     Progress progress("Looking further", catalog.documents.size());
     for (std::size_t position = 0; position < catalog.documents.size(); ++position) {
         progress.advance();
         Document& document = catalog.documents[position];
-        if (document.state != DocumentState::Faulty && document.state != DocumentState::Blocked) {
+        if (document.state != DocumentState::Invalid && document.state != DocumentState::Blocked) {
             continue;
         }
-        Messages& faults = known[position];
-        const std::size_t before = faults.size();
+        Messages& errors = known[position];
+        const std::size_t before = errors.size();
         try {
-            Examination(document, catalog, guesses).run(faults);
+            StandInResolution(document, catalog, guesses).run(errors);
         } catch (const std::logic_error&) {
             // What stands in is itself refused, which only contrived documents bring about.
         }
-        for (std::size_t number = before; number < faults.size(); ++number) {
-            catalog.faults.push_back({position, std::move(faults[number])});
-            document.state = DocumentState::Faulty;
+        for (std::size_t number = before; number < errors.size(); ++number) {
+            catalog.errors.push_back({position, std::move(errors[number])});
+            document.state = DocumentState::Invalid;
         }
     }
 }

@@ -1,4 +1,4 @@
-#include "Table.h"
+#include "Layout.h"
 
 #include "Text.h"
 
@@ -12,6 +12,14 @@ namespace {
 
 /// A cell that is wider moves the rest of its own row, and of no other.
 constexpr std::size_t widestColumn = 80;
+
+void printBranches(const Tree& tree, const std::string& indent) {
+    for (const Tree& branch : tree.branches) {
+        const bool isLast = &branch == &tree.branches.back();
+        fmt::print("{}{}{}\n", indent, isLast ? "└─ " : "├─ ", branch.text);
+        printBranches(branch, indent + (isLast ? "   " : "│  "));
+    }
+}
 
 } // namespace
 
@@ -38,6 +46,11 @@ void printTable(const std::vector<Row>& rows) {
         }
         fmt::print("{}\n", line);
     }
+}
+
+void printTree(const Tree& tree) {
+    fmt::print("{}\n", tree.text);
+    printBranches(tree, "");
 }
 
 } // namespace Tool
