@@ -42,20 +42,18 @@ Status bundle(const BundleOptions& options) {
 
     const Catalog written = loadForUse(output.files());
     if (statusOf(written) != Status::Success) {
-        printError(fmt::format("The documents in {} do not load by themselves.", printable(output.name())));
+        printError(fmt::format("The documents in {} do not load on their own.", printable(output.name())));
         return statusOf(written) | Status::Failure;
     }
-    fmt::print("{} from {}.\n",
-               output.size() == 1 ? "1 document loads by itself"
-                                  : fmt::format("{} documents load by themselves", output.size()),
-               printable(output.name()));
+    fmt::print("{} written to {}; {} own.\n", counted(output.size(), "document"), printable(output.name()),
+               output.size() == 1 ? "it loads on its" : "they load on their");
     return statusOf(catalog);
 }
 
 } // namespace
 
 void addBundle(CLI::App& app, Status& status) {
-    auto* command = app.add_subcommand("bundle", "Write a document and all that it needs into a folder");
+    auto* command = app.add_subcommand("bundle", "Write a document and everything it needs to a folder");
     auto options = std::make_shared<BundleOptions>();
     addPaths(*command, options->paths);
     addTypeId(*command, options->typeId)->required();

@@ -17,15 +17,15 @@ namespace Tool {
 
 namespace {
 
-/// Registers a document alone, in an engine that knows nothing else and thus reports all its references.
+/// Registers a document in an empty engine, which therefore reports all its references.
 void registerAlone(Document& document, const DocumentFrame& frame) {
     Parameters::ParametersEngine engine;
     auto [references, units] = engine.registerSchema(document.text);
     if (!frame.isJson) {
-        throw std::invalid_argument("JSON that not every reader takes, such as half a surrogate pair.");
+        throw std::invalid_argument("JSON that not every parser accepts, such as an unpaired surrogate.");
     }
     if (!engine.isRegistered(document.typeId)) {
-        throw std::invalid_argument("Several typeids, or one with a null character.");
+        throw std::invalid_argument("More than one typeid, or one with a null character.");
     }
     references.merge(units);
     document.references = std::move(references);
@@ -33,7 +33,7 @@ void registerAlone(Document& document, const DocumentFrame& frame) {
     document.isOfUnits = engine.getUnitsEngine().isRegistered(document.typeId);
 }
 
-/// What speaks against a document by itself; empty for nothing.
+/// @return what is wrong with a document regardless of others; empty if nothing is.
 std::string errorIn(Document& document) {
     const DocumentFrame frame = readFrame(document.text);
     document.typeId = frame.typeId;
@@ -62,10 +62,10 @@ void take(Catalog& catalog, DocumentText source) {
     catalog.errors.push_back({position, std::move(error)});
 }
 
-/// Documents, each behind those that it refers to.
+/// Documents, each after those that it refers to.
 using Batch = std::vector<std::size_t>;
 
-/// A reference of a document to one with a fault or to a blocked one; null for none.
+/// @return a reference to an invalid or blocked document; null if there is none.
 const std::string* blockingReferenceOf(const Document& document, const Catalog& catalog) {
     for (const std::string& typeId : document.references) {
         const DocumentState state = catalog.documents[catalog.positions.at(typeId)].state;
@@ -76,10 +76,9 @@ const std::string* blockingReferenceOf(const Document& document, const Catalog& 
     return nullptr;
 }
 
-/// A failed resolution drops its whole batch and tells one fault. So a batch that fails is resolved in two halves, each
-/// again in halves, down to the documents at fault. A half is complete, because it stands in the order of references
-/// behind what has been finished. With n documents and k faults these are 2 k log2(n) resolutions at most, and n
-/// log2(n) registrations however many faults there are.
+/// A failed resolution drops its whole batch and reports one error. So a failed batch is bisected down to the invalid
+/// documents. A half never lacks a reference: batches are in the order of references, and what precedes them is
+/// finished. n documents with k errors take at most 2 k log2(n) resolutions and n log2(n) registrations.
 class Bisection {
 public:
     explicit Bisection(Catalog& catalog, std::size_t total) : catalog_(catalog), progress_("Resolving", total) {}
@@ -102,7 +101,7 @@ public:
     }
 
 private:
-    /// Leaves out what has a fault or refers to what has one.
+    /// Leaves out invalid documents and those that refer to them.
     Batch withoutBlocked(const Batch& batch) {
         Batch result;
         for (const std::size_t position : batch) {
@@ -119,7 +118,7 @@ private:
         return result;
     }
 
-    /// @return the first fault; empty if all are finished.
+    /// @return the first error; empty if all are finished.
     std::string tryToResolve(const Batch& batch) {
         for (const std::size_t position : batch) {
             catalog_.engine.registerSchema(catalog_.documents[position].text);
@@ -153,9 +152,10 @@ void reportBlocked(Catalog& catalog) {
     for (std::size_t position = 0; position < catalog.documents.size(); ++position) {
         const Document& document = catalog.documents[position];
         if (document.state == DocumentState::Blocked) {
-            catalog.blocked.push_back(
-                {position, fmt::format("Has no fault that shows, but refers to {}, which cannot be loaded.",
-                                       *blockingReferenceOf(document, catalog))});
+            const std::string& blocking = *blockingReferenceOf(document, catalog);
+            const bool isInvalid = catalog.documents[catalog.positions.at(blocking)].state == DocumentState::Invalid;
+            catalog.blocked.push_back({position, fmt::format("Not loaded: {}, which it references, {}.", blocking,
+                                                             isInvalid ? "has errors" : "is not loaded either")});
         }
     }
 }
@@ -164,7 +164,7 @@ void resolveCatalog(Catalog& catalog) {
     const auto before = static_cast<std::ptrdiff_t>(catalog.errors.size());
     const Batch order = inOrderOfReferences(catalog);
 
-    // Units first: when they fail, the engine drops them alone, and when others fail, it keeps them.
+    // Units first: if they fail, the engine drops only them; if others fail, it keeps the units.
     Batch units;
     Batch others;
     std::partition_copy(order.begin(), order.end(), std::back_inserter(units), std::back_inserter(others),
@@ -212,8 +212,8 @@ std::size_t positionOf(const Catalog& catalog, const std::string& typeId) {
     }
     const Document& document = catalog.documents[entry->second];
     if (document.state != DocumentState::Finished) {
-        throw std::runtime_error(fmt::format("{}, which defines {}, has a fault or refers to one that has.",
-                                             formatOrigin(document.origin), printable(typeId)));
+        throw std::runtime_error(
+            fmt::format("{}, which defines {}, was not loaded.", formatOrigin(document.origin), printable(typeId)));
     }
     return entry->second;
 }

@@ -13,13 +13,13 @@
 namespace Tool {
 
 enum class DocumentState {
-    /// No text that the library takes for a schema document.
+    /// The library does not accept the text as a schema document.
     Refused,
-    /// Taken, and not yet resolved.
+    /// Accepted, not yet resolved.
     Registered,
-    /// It has a fault that shows only beside other documents.
+    /// Has an error in its references, or one that only resolution finds.
     Invalid,
-    /// It has no fault that shows, but refers to a document that is faulty or blocked.
+    /// Has no known error, but refers to an invalid or blocked document.
     Blocked,
     Finished,
 };
@@ -27,11 +27,11 @@ enum class DocumentState {
 struct Document {
     Origin origin;
     std::string text;
-    /// Empty in a refused document that has none.
+    /// Empty if the document is refused and has none.
     std::string typeId;
     /// The base of the frame, as JSON.
     std::string base;
-    /// Typeids that the document itself names, without built-in ones.
+    /// Typeids that the document itself names, except built-in ones.
     std::set<std::string> references;
     bool isOfUnits = false;
     DocumentState state = DocumentState::Refused;
@@ -43,22 +43,22 @@ struct Error {
     std::string message;
 };
 
-/// The documents behind the paths of a command line. What has no fault is finished in the engine.
+/// The documents of the paths on a command line. Those without errors are finished in the engine.
 struct Catalog {
     Parameters::ParametersEngine engine;
     /// In the order of the paths.
     std::vector<Document> documents;
-    /// Positions of the documents that were taken, by typeid.
+    /// Positions of accepted documents, by typeid.
     std::map<std::string, std::size_t> positions;
-    /// Those of texts, then those of references, then those that only resolution finds.
+    /// First those of texts, then missing references, then what only resolution finds.
     std::vector<Error> errors;
-    /// For each blocked document a reference that blocks it, in the order of the documents.
+    /// One message per blocked document, in the order of the documents.
     std::vector<Error> blocked;
-    /// Paths that could not be read, a message each.
+    /// One message per path that could not be read.
     std::vector<std::string> unreadable;
 };
 
-/// Whether the library knows a typeid by itself.
+/// Whether a typeid is built into the library.
 bool isBuiltIn(const std::string& typeId);
 
 Catalog loadCatalog(const std::vector<std::string>& paths);
@@ -66,8 +66,7 @@ Catalog loadCatalog(const std::vector<std::string>& paths);
 /// FILE[:LINE]: message
 std::string formatError(const Catalog& catalog, const Error& error);
 
-/// The position of the finished document of a typeid.
-///
+/// @return the position of the finished document with a typeid.
 /// @throws std::runtime_error  there is none; the message says why.
 std::size_t positionOf(const Catalog& catalog, const std::string& typeId);
 

@@ -30,9 +30,9 @@ void printSummary(const Catalog& catalog) {
     }
     fmt::print("{}, {}{}.\n", counted(catalog.documents.size(), "document"),
                invalid.empty()
-                   ? "no faults"
-                   : fmt::format("{} in {} of them", counted(catalog.errors.size(), "fault"), invalid.size()),
-               catalog.blocked.empty() ? "" : fmt::format("; {} more cannot be loaded", catalog.blocked.size()));
+                   ? "no errors"
+                   : fmt::format("{} in {} of them", counted(catalog.errors.size(), "error"), invalid.size()),
+               catalog.blocked.empty() ? "" : fmt::format("; {} more not loaded", catalog.blocked.size()));
 }
 
 Status check(const std::vector<std::string>& paths) {
@@ -55,7 +55,7 @@ Status check(const std::vector<std::string>& paths) {
 } // namespace
 
 void addCheck(CLI::App& app, Status& status) {
-    auto* command = app.add_subcommand("check", "Report every fault of a catalog");
+    auto* command = app.add_subcommand("check", "Report all errors in a catalog");
     auto paths = std::make_shared<std::vector<std::string>>();
     addPaths(*command, *paths);
     command->callback([paths, &status] { status = check(*paths); });

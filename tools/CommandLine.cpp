@@ -13,27 +13,27 @@ void addPaths(CLI::App& command, std::vector<std::string>& paths) {
     command
         .add_option(
             "PATH", paths,
-            ".json files (a document each), .jsonl files (a document a line), folders of them and their folders")
+            ".json files (one document each), .jsonl files (one document per line), or folders, searched recursively")
         ->required();
 }
 
 CLI::Option* addTypeId(CLI::App& command, std::string& typeId) {
-    return command.add_option("--typeid", typeId, "The document meant")->type_name("TYPEID");
+    return command.add_option("--typeid", typeId, "Typeid of the document")->type_name("TYPEID");
 }
 
 CLI::Option* addDataModel(CLI::App& command, std::string& version) {
-    return command.add_option("--data-model", version, "The data model version that has to read it")
+    return command.add_option("--data-model", version, "Target data model version")
         ->check(CLI::IsMember(std::vector<std::string>(versionTexts.begin(), versionTexts.end())))
         ->type_name("VERSION");
 }
 
 void addOutputFolder(CLI::App& command, std::string& folder, bool& overwrite) {
-    command.add_option("--out", folder, "The folder to write to; made if need be")->type_name("DIR")->required();
+    command.add_option("--out", folder, "Output folder, created if needed")->type_name("DIR")->required();
     addForce(command, overwrite);
 }
 
 void addForce(CLI::App& command, bool& overwrite) {
-    command.add_flag("--force", overwrite, "Overwrite files that are there already");
+    command.add_flag("--force", overwrite, "Overwrite existing files");
 }
 
 Parameters::DataModelVersion versionOf(const std::string& text) {

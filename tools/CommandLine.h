@@ -13,32 +13,31 @@ namespace Tool {
 
 enum class Status {
     Success = 0,
-    /// The catalog has faults.
+    /// The catalog has errors.
     Errors = 1,
     /// Wrong usage, or a file that cannot be read or written.
     Failure = 2,
 };
 
-/// The graver of two.
+/// The more severe of two.
 Status operator|(Status left, Status right);
 
-// What several commands take.
+// Options of several commands.
 
 void addPaths(CLI::App& command, std::vector<std::string>& paths);
 CLI::Option* addTypeId(CLI::App& command, std::string& typeId);
-/// The text of a version, of those that there are.
 CLI::Option* addDataModel(CLI::App& command, std::string& version);
 void addOutputFolder(CLI::App& command, std::string& folder, bool& overwrite);
 void addForce(CLI::App& command, bool& overwrite);
 Parameters::DataModelVersion versionOf(const std::string& text);
 
-/// The catalog for a command that works on what has no fault: what has one goes to standard error.
+/// Loads a catalog for a command that works on what is finished, and prints errors to standard error.
 Catalog loadForUse(const std::vector<std::string>& paths);
 
-/// What loading has come to.
+/// The outcome of loading.
 Status statusOf(const Catalog& catalog);
 
-// Each adds a command, which runs when the command line names it and leaves its status.
+// Each adds a command that sets the status when it runs.
 
 void addCheck(CLI::App& app, Status& status);
 void addList(CLI::App& app, Status& status);

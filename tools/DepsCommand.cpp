@@ -25,7 +25,7 @@ Tree treeOf(const Links& links, const std::map<std::string, Item>& items, const 
     const Item& item = items.at(typeId);
     Tree tree = {fmt::format("{} {}", item.kind->name, formatLabel(typeId, item.name)), {}};
     const std::set<std::string>& next = links.at(typeId);
-    // What many documents share would otherwise be written out again and again.
+    // Shared branches would otherwise be repeated, exponentially often at worst.
     if (!next.empty() && !shown.insert(typeId).second) {
         tree.text += ", see above";
         return tree;
@@ -70,8 +70,8 @@ void addDeps(CLI::App& app, Status& status) {
     auto options = std::make_shared<DepsOptions>();
     addPaths(*command, options->paths);
     addTypeId(*command, options->typeId)->required();
-    command->add_flag("--tree", options->asTree, "As a tree of references");
-    command->add_flag("--reverse", options->isReverse, "What refers to the document, directly or at all");
+    command->add_flag("--tree", options->asTree, "Print a tree of references");
+    command->add_flag("--reverse", options->isReverse, "List what refers to the document instead");
     command->callback([options, &status] { status = printDependencies(*options); });
 }
 

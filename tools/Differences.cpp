@@ -30,7 +30,7 @@ bool isPrimitiveTypeName(const std::string& text) {
 
 std::string_view familyOf(std::string_view typeId) { return typeId.substr(0, typeId.rfind('-')); }
 
-/// Whether texts name versions of one base that each data model has in its own.
+/// Whether both texts name a built-in base, in different versions.
 bool areVersionsOfOneBase(const Json& left, const Json& right) {
     if (!left.is_string() || !right.is_string()) {
         return false;
@@ -68,7 +68,7 @@ public:
             if (key == "constants") {
                 compareMembers("constant", value, key);
             } else if (key == "properties" || key == "enum") {
-                // The choices of an enumeration are properties in the older frame.
+                // The older frame lists the values of an enumeration as properties.
                 compareMembers("property", value, "properties");
             } else if (!belongsToFrame(key, value)) {
                 compareAt(key, value, written_, key);
@@ -88,18 +88,18 @@ private:
         for (const Json& member : members) {
             const std::string id = textAt(member, "id");
             const std::string label = fmt::format("{} {}", noun, Json(id).dump());
-            // Taken out, so that a second member of the same name counts as gone.
+            // Extracted, so that a second member with the same id counts as removed.
             if (const auto counterpart = counterparts.extract(id)) {
                 compareAttributes(label, member, *counterpart.mapped());
-            } else if (isHeldElsewhere(noun, id, member)) {
-                addGoneAttributes(label, member);
+            } else if (isMovedOrImplied(noun, id, member)) {
+                addRemovedAttributes(label, member);
             } else {
-                addGone(label, member);
+                addRemoved(label, member);
             }
         }
     }
 
-    /// By id; the first of several of one id.
+    /// By id; of several with one id, the first.
     [[nodiscard]] std::map<std::string, const Json*> writtenMembers(const std::string& key) const {
         std::map<std::string, const Json*> result;
         const auto members = written_.find(key);
@@ -111,8 +111,8 @@ private:
         return result;
     }
 
-    /// Whether what a member refers to stands in another member, or is implied by the base or by its absence.
-    [[nodiscard]] bool isHeldElsewhere(std::string_view noun, std::string_view id, const Json& member) const {
+    /// Whether the reference of a member moves to another member, or is implied by the base or by its absence.
+    [[nodiscard]] bool isMovedOrImplied(std::string_view noun, std::string_view id, const Json& member) const {
         const auto typedValue = member.find("typedValue");
         const bool isConstant = noun == "constant";
         if (isConstant && (typedValue == member.end() || typedValue->size() != 1)) {
@@ -126,11 +126,11 @@ private:
                           : id == "value" && isPrimitiveTypeName(typeId);
     }
 
-    /// Of a member whose reference is held elsewhere.
-    void addGoneAttributes(const std::string& label, const Json& member) {
+    /// For a member whose reference moves or is implied.
+    void addRemovedAttributes(const std::string& label, const Json& member) {
         for (const auto& [key, value] : member.items()) {
             if (key != "id" && key != "typedValue" && key != typeIdKey) {
-                addGone(fmt::format("{} {}", label, key), value);
+                addRemoved(fmt::format("{} {}", label, key), value);
             }
         }
     }
@@ -148,7 +148,7 @@ private:
     void compareAt(const std::string& label, const Json& registered, const Json& parent, const std::string& key) {
         const auto written = parent.find(key);
         if (written == parent.end()) {
-            addGone(label, registered);
+            addRemoved(label, registered);
         } else {
             compare(label, registered, *written);
         }
@@ -164,12 +164,12 @@ private:
         }
     }
 
-    void addGone(const std::string& label, const Json& json) {
-        losses_.push_back(fmt::format("gone:    {}: {}", label, json.dump()));
+    void addRemoved(const std::string& label, const Json& json) {
+        losses_.push_back(fmt::format("removed: {}: {}", label, json.dump()));
     }
 
     const Json& written_;
-    /// What the member that names the spec of a parameter refers to: the older form puts the category there, too.
+    /// Referenced by the member that names the spec of a parameter, where the older form also puts the category.
     std::set<std::string> specTypeIds_;
     std::vector<std::string> losses_;
 };

@@ -5,11 +5,11 @@
 
 namespace Tool {
 
-/// What a registered text holds and the one written for an older data model does not: constants, properties and
-/// attributes that are gone or changed, a line each.
+/// Lists the constants, properties and attributes of a registered text that are removed or changed in the text written
+/// for an older data model, one line each.
 ///
-/// What each data model has in a form of its own is no loss: the frame, the base schema, the version of a built-in
-/// base, and a reference that stands in another member or that the base implies.
+/// Not a loss is what each data model expresses in its own way: the frame, the base schema, the version of a built-in
+/// base, and a reference that moves to another member or that the base implies.
 std::vector<std::string> lossesOf(const std::string& registered, const std::string& written);
 
 } // namespace Tool

@@ -34,7 +34,7 @@ bool isDocumentFile(const fs::path& file) { return extensionOf(file) == ".json" 
 
 std::string tooLarge() { return fmt::format("Larger than {} MiB.", largestDocument >> 20U); }
 
-/// What speaks against a text, before anybody reads it as JSON; empty for nothing.
+/// @return why a text cannot be JSON; empty if it may be.
 std::string errorIn(std::string_view text) {
     if (text.size() > largestDocument) {
         return tooLarge();
@@ -43,18 +43,18 @@ std::string errorIn(std::string_view text) {
         return "Empty.";
     }
     if (text.find('\0') != std::string_view::npos) {
-        return "Binary, no text.";
+        return "Binary, not text.";
     }
     if (text.substr(0, 3) == "\xEF\xBB\xBF") {
-        return "Begins with a byte order mark, which JSON does not have.";
+        return "Starts with a byte order mark, which JSON does not allow.";
     }
     if (const std::size_t position = findInvalidUtf8(text); position != std::string_view::npos) {
-        return fmt::format("Not UTF-8 at offset {}.", position);
+        return fmt::format("Invalid UTF-8 at offset {}.", position);
     }
     return {};
 }
 
-/// Finds the files behind the paths that were given.
+/// Collects the document files of paths.
 class FileSearch {
 public:
     explicit FileSearch(std::vector<std::string>& unreadable) : unreadable_(unreadable) {}
@@ -67,10 +67,10 @@ public:
             searched_.clear();
             addFolder(path);
             if (met_ + unreadable_.size() == before) {
-                refuse(path, "holds no .json or .jsonl files");
+                refuse(path, "contains no .json or .jsonl files");
             }
         } else if (fs::exists(status) && !isDocumentFile(path)) {
-            refuse(path, "is neither a .json file nor a .jsonl file nor a folder");
+            refuse(path, "is not a .json file, a .jsonl file or a folder");
         } else {
             addFile(path);
         }
@@ -106,14 +106,14 @@ private:
         }
     }
 
-    /// Other than regular files are refused, because a pipe would keep the reader waiting.
+    /// Refuses all but regular files, because reading from a pipe could block.
     void addFile(const fs::path& file) {
         std::error_code error;
         const fs::file_status status = fs::status(file, error);
         if (!fs::exists(status)) {
             refuse(file, fmt::format("cannot be read: {}", error ? error.message() : "No such file or directory"));
         } else if (!fs::is_regular_file(status)) {
-            refuse(file, "is no regular file");
+            refuse(file, "is not a regular file");
         } else {
             ++met_;
             if (taken_.insert(fs::canonical(file, error)).second) {
@@ -124,14 +124,15 @@ private:
 
     std::vector<std::string>& unreadable_;
     std::vector<fs::path> files_;
-    /// The same without links, so that each is read once, on however many paths it is met.
+    /// Canonical paths of the files, so that each is read only once.
     std::set<fs::path> taken_;
     std::size_t met_ = 0;
-    /// Folders behind the path at hand, without links: these may lead to a folder twice, or back to where they stand.
+    /// Canonical paths of the folders below the current path, because links may form cycles.
     std::set<fs::path> searched_;
 };
 
-/// Reads a line, or the whole rest if there is no end of lines, and of what is too large only enough to tell.
+/// Reads a line, or the whole rest without an end character. Keeps only enough of a text that is too large to detect
+/// it.
 bool readPiece(std::streambuf& buffer, std::optional<char> end, std::string& piece) {
     using Traits = std::streambuf::traits_type;
     piece.clear();
@@ -176,7 +177,7 @@ void readLines(std::streambuf& buffer, const std::string& file, std::vector<Docu
 
 void readFile(const fs::path& file, std::vector<DocumentText>& documents) {
     std::ifstream stream;
-    // The buffer reports a failing disk by itself; the stream has to be told to report that a file cannot be opened.
+    // The buffer throws on a failing disk by itself; the stream does so for a file that cannot be opened.
     stream.exceptions(std::ios::failbit | std::ios::badbit);
     stream.open(file, std::ios::binary);
     if (hasLinesOfDocuments(file)) {

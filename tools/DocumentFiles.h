@@ -6,17 +6,17 @@
 
 namespace Tool {
 
-/// Where a document stands.
+/// Where a document was read from.
 struct Origin {
     std::string file;
-    /// From 1; 0 if the document is the whole file.
+    /// Starts at 1; 0 if the document is the whole file.
     std::size_t line = 0;
 };
 
 /// FILE or FILE:LINE
 std::string formatOrigin(const Origin& origin);
 
-/// The text of a document, or what speaks against reading it as one; then the text is empty.
+/// The text of a document, or the reason why it is not read as one.
 struct DocumentText {
     Origin origin;
     std::string text;
@@ -24,14 +24,14 @@ struct DocumentText {
 };
 
 struct DocumentFiles {
-    /// In the order of the paths, and within a folder in the order of the names.
+    /// In the order of the paths, and by name within a folder.
     std::vector<DocumentText> documents;
-    /// What could not be read at all, a message each.
+    /// One message per path that could not be read.
     std::vector<std::string> unreadable;
 };
 
-/// Reads .json files (a document each), .jsonl files (a document a line) and folders of them, which may hold folders.
-/// A file is read once, also where several paths or links lead to it.
+/// Reads .json files (one document each), .jsonl files (one document per line), and folders recursively. Reads each
+/// file once, even if several paths or links lead to it.
 DocumentFiles readDocumentFiles(const std::vector<std::string>& paths);
 
 } // namespace Tool

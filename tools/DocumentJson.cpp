@@ -4,7 +4,7 @@ namespace Tool {
 
 namespace {
 
-/// Follows a text and keeps what belongs to the frame.
+/// Keeps what belongs to the frame.
 class FrameReader final : public nlohmann::json_sax<Json> {
 public:
     explicit FrameReader(DocumentFrame& frame) : frame_(frame) {}
@@ -53,7 +53,7 @@ private:
 
     DocumentFrame& frame_;
     std::size_t depth_ = 0;
-    /// That of the member of the document at hand.
+    /// Of the current member of the document.
     std::string key_;
 };
 

@@ -9,27 +9,27 @@ namespace Tool {
 /// Keeps the order of the members.
 using Json = nlohmann::ordered_json;
 
-/// A document's text as JSON; discarded if it is none.
+/// Parses a document; the result is discarded if the text is not JSON.
 Json parseDocument(const std::string& text);
 
-/// What can be told of a document without a tree of its text, which takes long and much room if the text is hostile.
+/// What can be read of a document without building a tree, which hostile texts make slow and large.
 struct DocumentFrame {
     bool isJson = false;
     /// Empty if there is none.
     std::string typeId;
-    /// What tells of which kind the document is: its bases, its specification and its type.
+    /// What determines the kind of the document: its bases, specification and type.
     Json base = Json::object();
 };
 
 DocumentFrame readFrame(const std::string& text);
 
-/// The text at a key; empty if there is none.
+/// The string at a key; empty if there is none.
 std::string textAt(const Json& object, const char* key);
 
-/// The value of a constant that is a text; empty if there is none.
+/// The value of a string constant; empty if there is none.
 std::string textConstant(const Json& document, const char* id);
 
-/// Laid out for people.
+/// Indents a document.
 std::string prettyPrinted(const std::string& text);
 
 } // namespace Tool

@@ -26,8 +26,7 @@ struct ExportOptions {
 void printLosses(const Document& document, const std::string& written) {
     const std::vector<std::string> losses = lossesOf(document.text, written);
     if (!losses.empty()) {
-        fmt::print("{}: {}, rewritten, no longer holds all:\n", formatOrigin(document.origin),
-                   printable(document.typeId));
+        fmt::print("{}: Rewriting {} loses:\n", formatOrigin(document.origin), printable(document.typeId));
     }
     for (const std::string& loss : losses) {
         fmt::print("  {}\n", printable(loss));
@@ -83,9 +82,9 @@ Status exportCatalog(const ExportOptions& options) {
         fmt::print("{}\n", message);
     }
     if (const std::size_t count = countIncomplete(result); count != 0) {
-        fmt::print("Documents written that refer to ones that cannot be represented: {}.\n", count);
+        fmt::print("References to documents that cannot be represented remain in {}.\n", counted(count, "document"));
     }
-    fmt::print("{} in {} for data model {}, {} of them rewritten; {} cannot be represented.\n",
+    fmt::print("{} in {} for data model {}, {} rewritten; {} cannot be represented.\n",
                counted(output.size(), "document"), printable(output.name()), options.version, result.rewritten.size(),
                result.refused.size());
     return statusOf(catalog) | (result.refused.empty() ? Status::Success : Status::Errors);
@@ -95,12 +94,12 @@ Status exportCatalog(const ExportOptions& options) {
 
 void addExport(CLI::App& app, Status& status) {
     auto* command =
-        app.add_subcommand("export", "Write a catalog for an older data model version, and tell what that loses");
+        app.add_subcommand("export", "Write a catalog for another data model version and report what is lost");
     auto options = std::make_shared<ExportOptions>();
     addPaths(*command, options->paths);
     addDataModel(*command, options->version)->required();
     addOutputFolder(*command, options->folder, options->overwrite);
-    command->add_flag("--quiet", options->isQuiet, "Don't tell what the rewritten documents no longer hold");
+    command->add_flag("--quiet", options->isQuiet, "Do not report what rewriting loses");
     command->callback([options, &status] { status = exportCatalog(*options); });
 }
 

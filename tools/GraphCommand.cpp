@@ -14,7 +14,7 @@ namespace Tool {
 
 namespace {
 
-/// Beyond this, dot takes long and nobody can read what it draws.
+/// Beyond this, dot is slow and its pictures are unreadable.
 constexpr std::size_t manyDocuments = 1000;
 
 struct GraphOptions {
@@ -42,7 +42,7 @@ std::map<std::string, std::size_t> documentsToShow(const Catalog& catalog, const
 
 std::string pictureOf(const std::string& dot, std::size_t documents) {
     if (documents > manyDocuments) {
-        printError(fmt::format("Drawing {} documents takes long; --typeid and --depth show fewer.", documents));
+        printError(fmt::format("Drawing {} documents takes a while; --typeid and --depth select fewer.", documents));
     }
     return svgOf(dot);
 }
@@ -57,7 +57,7 @@ Status graph(const GraphOptions& options) {
     } else {
         const bool isPicture = std::filesystem::path(options.file).extension() == ".svg";
         writeFile(options.file, isPicture ? pictureOf(dot, shown.size()) : dot, options.overwrite);
-        fmt::print("{} with {}.\n", printable(options.file), counted(shown.size(), "document"));
+        fmt::print("Wrote {} with {}.\n", printable(options.file), counted(shown.size(), "document"));
     }
     return statusOf(catalog);
 }
@@ -69,26 +69,25 @@ std::string validateFileName(const std::string& file) {
 
 std::string validateDepth(const std::string& depth) {
     const bool isNumber = !depth.empty() && depth.find_first_not_of("0123456789") == std::string::npos;
-    return isNumber ? "" : "Must be a whole number from 0 on";
+    return isNumber ? "" : "Must be a non-negative integer";
 }
 
 } // namespace
 
 void addGraph(CLI::App& app, Status& status) {
-    auto* command = app.add_subcommand("graph", "Draw what refers to what, in Graphviz's language or as a picture");
+    auto* command = app.add_subcommand("graph", "Draw references between documents, as Graphviz text or as a picture");
     auto options = std::make_shared<GraphOptions>();
     addPaths(*command, options->paths);
-    auto* typeId = addTypeId(*command, options->typeId)->description("Only this document and what it needs");
-    command->add_flag("--reverse", options->isReverse, "Only the document and what refers to it")->needs(typeId);
-    command->add_option("--depth", options->depth, "Only so many references away from the document")
+    auto* typeId = addTypeId(*command, options->typeId)->description("Draw only this document and what it needs");
+    command->add_flag("--reverse", options->isReverse, "Draw what refers to the document instead")->needs(typeId);
+    command->add_option("--depth", options->depth, "Draw only what is at most this many references away")
         ->type_name("NUMBER")
         ->check(CLI::Validator(validateDepth, ""))
         ->needs(typeId);
     command
         ->add_option(
             "--out", options->file,
-            "Where to write: FILE.dot, or FILE.svg through Graphviz's program dot; if not given, the former to "
-            "standard output")
+            "Output file: .dot text, or .svg drawn by Graphviz's program dot; .dot text to standard output if omitted")
         ->type_name("FILE")
         ->check(CLI::Validator(validateFileName, ""));
     addForce(*command, options->overwrite);

@@ -41,7 +41,7 @@ std::string nodeOf(const std::string& typeId, const Item& item) {
 
 constexpr std::size_t legendColumns = 4;
 
-/// In rows, which edges that are not seen keep together.
+/// Invisible edges keep the entries in rows.
 std::string legendOf(const std::map<std::string, const Kind*>& kinds) {
     std::string legend = "  subgraph cluster_legend {\n    label=\"Legend\";\n    color=\"#999999\";\n";
     std::string last;
@@ -62,7 +62,7 @@ using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 File temporaryFile() {
     File file(std::tmpfile(), &std::fclose);
     if (file == nullptr) {
-        throw std::runtime_error(fmt::format("No temporary file can be made: {}.", std::strerror(errno)));
+        throw std::runtime_error(fmt::format("Cannot create a temporary file: {}.", std::strerror(errno)));
     }
     return file;
 }
@@ -70,7 +70,7 @@ File temporaryFile() {
 File fileWith(const std::string& text) {
     File file = temporaryFile();
     if (std::fwrite(text.data(), 1, text.size(), file.get()) != text.size() || std::fflush(file.get()) != 0) {
-        throw std::runtime_error("A temporary file cannot be written.");
+        throw std::runtime_error("Cannot write a temporary file.");
     }
     std::rewind(file.get());
     return file;
@@ -86,7 +86,7 @@ std::string contentsOf(std::FILE* file) {
     return text;
 }
 
-/// Runs dot from one file to the other, without a shell.
+/// Runs dot without a shell.
 void runDot(std::FILE* input, std::FILE* output) {
     std::string program = "dot";
     std::string format = "-Tsvg";
@@ -99,11 +99,12 @@ void runDot(std::FILE* input, std::FILE* output) {
     const int error = posix_spawnp(&process, program.c_str(), &actions, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     if (error == ENOENT) {
-        throw std::runtime_error("SVG needs Graphviz, whose program dot is not installed; a .dot file does not.");
+        throw std::runtime_error(
+            "SVG output needs Graphviz, whose program dot is not installed; .dot output does not.");
     }
     int status = 0;
     if (error != 0 || waitpid(process, &status, 0) != process || status != 0) {
-        throw std::runtime_error("Graphviz's program dot has failed.");
+        throw std::runtime_error("Graphviz's program dot failed.");
     }
 }
 

@@ -26,11 +26,11 @@ std::map<std::string, Item> itemsOf(const Catalog& catalog);
 /// name (typeid), or the typeid alone if there is no name.
 std::string formatLabel(const std::string& typeId, const std::string& name);
 
-/// "3.0.0" and its like.
+/// By version.
 inline constexpr std::array versionTexts = {"1.0.0", "2.0.0", "3.0.0"};
 std::string formatVersion(Parameters::DataModelVersion version);
 
-/// "LumarDataSchema" or "PropertySets", after the form in which the document was registered.
+/// "LumarDataSchema" or "PropertySets", the form in which the document was registered.
 std::string formatNameOf(const Document& document);
 
 } // namespace Tool

@@ -10,7 +10,7 @@ namespace Tool {
 
 namespace {
 
-/// A cell that is wider moves the rest of its own row, and of no other.
+/// A wider cell only shifts the rest of its own row.
 constexpr std::size_t widestColumn = 80;
 
 void printBranches(const Tree& tree, const std::string& indent) {
@@ -34,7 +34,7 @@ void printTable(const std::vector<Row>& rows) {
     }
     for (const Row& row : rows) {
         std::string line;
-        // Blanks go in front of a cell, so that no line ends with them.
+        // Padding precedes a cell, so that no line ends with blanks.
         std::size_t blanks = 0;
         for (std::size_t column = 0; column < row.size(); ++column) {
             const std::size_t width = widthOf(row[column]);

@@ -7,7 +7,7 @@ namespace Tool {
 
 using Row = std::vector<std::string>;
 
-/// Prints rows of equally many cells to standard output, each column as wide as its widest cell, within reason.
+/// Prints rows with equally many cells to standard output, each column as wide as its widest cell of a sensible width.
 void printTable(const std::vector<Row>& rows);
 
 struct Tree {
@@ -15,7 +15,7 @@ struct Tree {
     std::vector<Tree> branches;
 };
 
-/// Prints a tree to standard output, a line a node.
+/// Prints a tree to standard output, one line per node.
 void printTree(const Tree& tree);
 
 } // namespace Tool

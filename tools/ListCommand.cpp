@@ -78,10 +78,10 @@ void addList(CLI::App& app, Status& status) {
     auto* command = app.add_subcommand("list", "List the documents of a catalog with their names and versions");
     auto options = std::make_shared<ListOptions>();
     addPaths(*command, options->paths);
-    command->add_option("--kind", options->kind, "Only documents of this kind")
+    command->add_option("--kind", options->kind, "List only documents of this kind")
         ->check(CLI::IsMember(kindNames()))
         ->type_name("KIND");
-    command->add_flag("--json", options->asJson, "A JSON array for programs, instead of a table");
+    command->add_flag("--json", options->asJson, "Print a JSON array instead of a table");
     command->callback([options, &status] { status = list(*options); });
 }
 

@@ -7,15 +7,15 @@
 namespace {
 
 constexpr const char* footer = R"(Exit status:
-  0  all is well
-  1  the catalog has faults, or a document cannot be represented as asked
+  0  no errors
+  1  the catalog has errors, or a document cannot be represented as requested
   2  wrong usage, or a file that cannot be read or written
-Results go to standard output, errors to standard error.)";
+Results go to standard output, messages to standard error.)";
 
 Tool::Status run(int argc, char** argv) {
-    CLI::App app("Checks, shows and converts catalogs of schema documents.", "parameters");
+    CLI::App app("Check, show and convert catalogs of schema documents.", "parameters");
     app.set_version_flag("--version", "parameters " PARAMETERS_VERSION);
-    app.set_help_all_flag("--help-all", "Print this help message with that of all commands and exit");
+    app.set_help_all_flag("--help-all", "Print the help of all commands and exit");
     app.footer(footer);
     app.require_subcommand(1);
     app.fallthrough(false);
@@ -44,13 +44,13 @@ int main(int argc, char** argv) {
     try {
         status = run(argc, argv);
     } catch (const std::exception& exception) {
-        // What standard output refuses is told below.
+        // Errors of standard output are reported below.
         if (std::ferror(stdout) == 0) {
             Tool::printError(exception.what());
         }
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-        Tool::printError("Standard output cannot be written.");
+        Tool::printError("Cannot write to standard output.");
         status = Tool::Status::Failure;
     }
     return static_cast<int>(status);

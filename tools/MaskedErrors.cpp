@@ -20,15 +20,15 @@ namespace {
 
 using Parameters::ParametersEngine;
 using Messages = std::vector<std::string>;
-/// By role the position in the table of bases of the kind that the role seems to ask for. Kept from document to
-/// document, because most agree on that.
+/// By role, the position in the table of bases of the kind that the role seems to require. Shared by all documents,
+/// because most agree.
 using Guesses = std::map<std::string, std::size_t>;
 
 constexpr std::size_t mostErrorsReported = 100;
-/// Documents refer in a handful of roles to a handful of kinds.
+/// Real documents have a handful of roles and refer to a handful of kinds.
 constexpr std::size_t mostKindsOfReferences = 100;
 
-/// Bases of the kinds that documents refer to, the most usual first.
+/// Bases of the kinds that documents refer to, the most common first.
 constexpr std::array bases = {"quovanta.parameter:group-1.0.0",
                               "quovanta.spec:spec-1.0.0",
                               "quovanta.talmo.category:majorCategory-1.0.0",
@@ -44,8 +44,8 @@ static_assert(bases.size() == kindCount - 1, "Every kind needs a base here but p
 
 std::string baseOf(const char* typeId) { return Json{{"inherits", Json::array({typeId})}}.dump(); }
 
-/// A document with all that any kind requires: the base decides of which it is. What it refers to, under the typeids
-/// domain, major, unit and spec, stands in prepared().
+/// A document with everything that any kind requires, so that the base alone decides its kind. It refers to the
+/// documents of engineForStandIns().
 std::string standIn(const std::string& typeId, const std::string& base) {
     static const Json body = Json::parse(R"({
         "constants": [{"id": "name", "value": "N"}, {"id": "domain", "typedValue": {"typeid": "domain"}},
@@ -64,7 +64,7 @@ std::string standIn(const std::string& typeId, const std::string& base) {
     return document.dump();
 }
 
-const ParametersEngine& prepared() {
+const ParametersEngine& engineForStandIns() {
     static const ParametersEngine result = [] {
         ParametersEngine engine;
         for (const auto& [typeId, base] : {std::pair{"domain", "quovanta.talmo.category:domain-1.0.0"},
@@ -79,21 +79,21 @@ const ParametersEngine& prepared() {
     return result;
 }
 
-/// References of one document that resolution treats alike: in one role, to documents of one base. One stands for all
-/// of them, under a typeid of its own, by which messages are known to speak of it.
+/// References of one document that resolution treats alike: in one role, to documents of one base. One stand-in
+/// represents them all; its unique typeid, the mark, identifies it in messages.
 struct References {
     std::string role;
     std::set<std::string> typeIds;
     std::string mark;
     Json* place = nullptr;
-    /// Of the document in their place; none for a built-in typeid as long as it may stand for itself.
+    /// Of the stand-in; none for a built-in typeid, until that needs one.
     std::optional<std::string> base;
-    /// Whether their faults are known, so that whatever fits may stand in their place.
+    /// Whether their errors are known, so that any stand-in that resolves will do.
     bool isReported = false;
     std::size_t guesses = 0;
 };
 
-/// A document with its references, those that are alike reduced to one.
+/// Resolves a document by itself, with stand-ins for its references.
 class StandInResolution {
 public:
     StandInResolution(const Document& document, const Catalog& catalog, Guesses& guesses)
@@ -104,7 +104,7 @@ public:
         reduce(json_);
     }
 
-    /// Adds what resolution has against the document to the faults that are known.
+    /// Adds the errors that resolution reports to the known ones.
     void run(Messages& errors) {
         if (all_.size() > mostKindsOfReferences) {
             return;
@@ -112,7 +112,7 @@ public:
         for (std::string error = resolve(); !error.empty(); error = resolve()) {
             References* const references = findReferencesAtFault(error);
             if (references == nullptr) {
-                // Resolution comes to the document itself when its references are in order.
+                // Resolution checks the document itself once its references are valid.
                 if (std::find(errors.begin(), errors.end(), error) == errors.end()) {
                     errors.push_back(error);
                 }
@@ -129,12 +129,12 @@ public:
             references->base = baseOf(bases.at(guess));
         }
         if (hasUnreported_) {
-            errors.emplace_back("Has further faults like these.");
+            errors.emplace_back("Has more errors like these.");
         }
     }
 
 private:
-    /// Collects the references, and leaves out elements of arrays that only repeat what others stand for.
+    /// Collects the references and removes array elements that are represented by others.
     ///
     /// @return whether the object itself is such an element.
     bool reduce(Json& json, std::size_t depth = 0) {
@@ -165,7 +165,7 @@ private:
         return isRepetition;
     }
 
-    /// @return whether it is the first of its like, or no reference.
+    /// @return whether it is the first of its kind and role, or not a reference.
     bool take(Json& place) {
         const auto& typeId = place.get_ref<const std::string&>();
         const auto target = catalog_.positions.find(typeId);
@@ -194,7 +194,7 @@ private:
     }
 
     [[nodiscard]] std::string resolve() const {
-        ParametersEngine engine = prepared();
+        ParametersEngine engine = engineForStandIns();
         for (const References& references : all_) {
             if (references.base) {
                 engine.registerSchema(standIn(references.mark, *references.base));
@@ -213,14 +213,14 @@ private:
         return error.find(references.mark) != std::string::npos;
     }
 
-    /// The references that a fault is about; null if it is about the document itself.
+    /// @return the references that an error is about; null if it is about the document itself.
     References* findReferencesAtFault(std::string& error) {
         const auto marked = std::find_if(all_.begin(), all_.end(),
                                          [&](const References& references) { return isAbout(error, references); });
         if (marked != all_.end()) {
             return &*marked;
         }
-        // A built-in typeid is the references if the fault is about whatever takes its place.
+        // A built-in typeid is at fault if a stand-in for it causes the same error.
         for (References& references : all_) {
             if (references.base) {
                 continue;
@@ -239,7 +239,7 @@ private:
         return nullptr;
     }
 
-    /// Adds a fault for each of the references, unless it is known.
+    /// Adds an error for each of the references, unless it is known.
     void report(const std::string& error, References& references, Messages& errors) {
         references.isReported = true;
         const std::string_view before = std::string_view(error).substr(0, error.find(references.mark));
@@ -266,9 +266,9 @@ private:
     const Catalog& catalog_;
     Guesses& guesses_;
     Json json_;
-    /// Stands in no text of the document.
+    /// Does not occur in the document.
     std::string separator_ = "\x7F";
-    /// Of the place at hand: the keys and ids on the way there.
+    /// Keys and ids on the way to the current value.
     std::string role_;
     std::vector<References> all_;
     /// By role and base, or built-in typeid.
@@ -285,7 +285,7 @@ void reportMaskedErrors(Catalog& catalog) {
         known[error.document].push_back(error.message);
     }
     Guesses guesses;
-    Progress progress("Looking further", catalog.documents.size());
+    Progress progress("Checking further", catalog.documents.size());
     for (std::size_t position = 0; position < catalog.documents.size(); ++position) {
         progress.advance();
         Document& document = catalog.documents[position];
@@ -297,7 +297,7 @@ void reportMaskedErrors(Catalog& catalog) {
         try {
             StandInResolution(document, catalog, guesses).run(errors);
         } catch (const std::logic_error&) {
-            // What stands in is itself refused, which only contrived documents bring about.
+            // Only contrived documents make the engine refuse a stand-in.
         }
         for (std::size_t number = before; number < errors.size(); ++number) {
             catalog.errors.push_back({position, std::move(errors[number])});

@@ -4,8 +4,8 @@
 
 namespace Tool {
 
-/// Adds what else is wrong with documents that have a fault, or refer to a document that has, once all others are
-/// finished.
+/// Adds the errors that others mask: resolution reports one error per document, and none for a document whose
+/// references are invalid. Expects all valid documents to be finished.
 void reportMaskedErrors(Catalog& catalog);
 
 } // namespace Tool

@@ -23,7 +23,7 @@ namespace {
 /// Leaves room for the suffixes within the 255 bytes that file systems allow.
 constexpr std::size_t longestStem = 200;
 
-/// A typeid, with "_" for what some file system or shell takes amiss.
+/// A typeid with "_" for characters that some file system or shell does not accept.
 std::string stemOf(std::string_view typeId) {
     static constexpr std::string_view harmless = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789.-_";
     std::string stem(typeId.substr(0, longestStem));
@@ -39,7 +39,7 @@ std::string stemOf(std::string_view typeId) {
 [[noreturn]] void raiseFileError(const fs::path& file) {
     const int error = errno;
     throw std::runtime_error(
-        error == EEXIST ? fmt::format("{} is there already; --force overwrites it.", printable(file.string()))
+        error == EEXIST ? fmt::format("{} already exists; --force overwrites it.", printable(file.string()))
                         : fmt::format("{} cannot be written: {}.", printable(file.string()), std::strerror(error)));
 }
 
@@ -50,11 +50,11 @@ void writeFile(const fs::path& file, const std::string& text, bool overwrite) {
         std::error_code error;
         fs::create_directories(file.parent_path(), error);
         if (error) {
-            throw std::runtime_error(fmt::format("The folder {} cannot be made: {}.",
-                                                 printable(file.parent_path().string()), error.message()));
+            throw std::runtime_error(
+                fmt::format("Cannot create folder {}: {}.", printable(file.parent_path().string()), error.message()));
         }
     }
-    // Exclusive, so that nothing is overwritten that has come there meanwhile.
+    // Exclusive, so that a file created in the meantime is not overwritten.
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), overwrite ? "wb" : "wbx"),
                                                            &std::fclose);
     if (stream == nullptr || std::fwrite(text.data(), 1, text.size(), stream.get()) != text.size() ||
@@ -68,7 +68,7 @@ OutputFolder::OutputFolder(fs::path folder, bool overwrite) : folder_(std::move(
 void OutputFolder::add(const std::string& typeId, std::string text) {
     const std::string stem = stemOf(typeId);
     std::string name = stem;
-    // Some file systems take names that differ only in case for one.
+    // Some file systems ignore case.
     for (int number = 2; !usedNames_.insert(lowerCase(name)).second; ++number) {
         name = fmt::format("{}_{}", stem, number);
     }

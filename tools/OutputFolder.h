@@ -8,20 +8,20 @@
 
 namespace Tool {
 
-/// Writes a file as a whole, making its folder if need be.
+/// Writes a whole file, and creates its folder if needed.
 ///
-/// @throws std::runtime_error  the file is there and not to be overwritten, or it cannot be written.
+/// @throws std::runtime_error  the file exists and must not be overwritten, or cannot be written.
 void writeFile(const std::filesystem::path& file, const std::string& text, bool overwrite);
 
-/// Writes documents into a folder, a file each, under names made of their typeids.
+/// Writes documents to a folder, one file each, named after their typeids.
 class OutputFolder {
 public:
     OutputFolder(std::filesystem::path folder, bool overwrite);
 
-    /// Chooses the file for a document, another one for each call.
+    /// Chooses a file that no other call gets.
     void add(const std::string& typeId, std::string text);
 
-    /// Writes all that has been added, or nothing if a file is in the way.
+    /// Writes all documents, or none if a file is in the way.
     ///
     /// @throws std::runtime_error  as writeFile().
     void write() const;

@@ -6,8 +6,8 @@
 
 namespace Tool {
 
-/// A bar on standard error, drawn only on a terminal and only for work that takes longer than a second. It is gone when
-/// the work is done.
+/// A progress bar on standard error. Draws only on a terminal and only if the work takes longer than a second, and
+/// erases itself at the end.
 class Progress {
 public:
     Progress(std::string label, std::size_t total);

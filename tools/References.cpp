@@ -18,8 +18,8 @@ namespace {
 
 using Positions = std::vector<std::size_t>;
 
-/// Strongly connected components of the documents and their references, by Tarjan's algorithm, with a stack of its own
-/// because references may go deep. A component comes behind those that it refers to.
+/// Strongly connected components of the graph of references, by Tarjan's algorithm; iterative, because references may
+/// go deep. A component comes after those that it refers to.
 class Components {
 public:
     explicit Components(const Catalog& catalog) : catalog_(catalog), visits_(catalog.documents.size()) {
@@ -34,9 +34,9 @@ public:
 
 private:
     struct Visit {
-        /// In the order of the visits, from 1 on; 0 before.
+        /// In the order of visits, starting at 1; 0 before the visit.
         std::size_t number = 0;
-        /// Smallest number known to be reached within the component.
+        /// Smallest number known to be reachable within the component.
         std::size_t lowest = 0;
         bool isInComponent = false;
         std::set<std::string>::const_iterator nextReference;
@@ -77,7 +77,7 @@ private:
         }
     }
 
-    /// All that has been entered since its first document, and is in no component yet.
+    /// Takes all documents entered since the first one that are in no component yet.
     void closeComponent(std::size_t first) {
         const auto begin = std::find(open_.rbegin(), open_.rend(), first).base() - 1;
         components_.emplace_back(begin, open_.end());
@@ -98,10 +98,10 @@ std::string missingMessage(const std::string& typeId, const std::map<std::string
     const auto entry = refused.find(typeId);
     return entry == refused.end()
                ? fmt::format("Refers to {}, which no document defines.", typeId)
-               : fmt::format("Refers to {}, which was refused in {}.", typeId, formatOrigin(entry->second->origin));
+               : fmt::format("Refers to {}, which was rejected in {}.", typeId, formatOrigin(entry->second->origin));
 }
 
-/// Each document of a ring gets these words, so that they must not grow with the ring.
+/// Bounded, because the message is repeated for each document of the cycle.
 std::string formatCycle(const Catalog& catalog, const Positions& cycle) {
     constexpr std::size_t mostNamed = 10;
     std::vector<std::string> typeIds;
@@ -140,7 +140,7 @@ Positions inOrderOfReferences(Catalog& catalog) {
         if (component.size() == 1) {
             continue;
         }
-        const std::string message = fmt::format("Is in a ring of references: {}.", formatCycle(catalog, component));
+        const std::string message = fmt::format("Circular reference: {}.", formatCycle(catalog, component));
         for (const std::size_t position : component) {
             catalog.documents[position].state = DocumentState::Invalid;
             catalog.errors.push_back({position, message});

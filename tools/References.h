@@ -11,11 +11,11 @@
 
 namespace Tool {
 
-/// Adds a fault for each reference of a registered document that no registered document satisfies.
+/// Adds an error for each reference of a registered document to one that is not registered.
 void reportMissingReferences(Catalog& catalog);
 
-/// The registered and faulty documents, each behind those that it refers to. Adds a fault for each document in a ring
-/// of references, because then there is no such order.
+/// Sorts the registered and invalid documents so that each comes after those that it refers to. Adds an error for each
+/// document in a cycle, where no such order exists.
 std::vector<std::size_t> inOrderOfReferences(Catalog& catalog);
 
 /// The neighbours of each finished document.
@@ -26,7 +26,7 @@ Links linksToReferrers(const Catalog& catalog);
 
 inline constexpr std::size_t anyDistance = std::numeric_limits<std::size_t>::max();
 
-/// What can be reached from a document within a number of steps, each with its distance; the document itself with 0.
+/// The documents within a distance of another one, by typeid; the document itself has distance 0.
 std::map<std::string, std::size_t> reachableFrom(const Links& links, const std::string& typeId,
                                                  std::size_t distance = anyDistance);
 

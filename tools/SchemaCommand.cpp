@@ -39,12 +39,13 @@ Status printSchema(const SchemaOptions& options) {
 } // namespace
 
 void addSchema(CLI::App& app, Status& status) {
-    auto* command = app.add_subcommand("schema", "Print the text of a document, also for an older data model version");
+    auto* command =
+        app.add_subcommand("schema", "Print the text of a document, as registered or for another data model version");
     auto options = std::make_shared<SchemaOptions>();
     addPaths(*command, options->paths);
     addTypeId(*command, options->typeId)->required();
     addDataModel(*command, options->version);
-    command->add_flag("--pretty", options->isPretty, "Laid out for people");
+    command->add_flag("--pretty", options->isPretty, "Indent the text");
     command->callback([options, &status] { status = printSchema(*options); });
 }
 

@@ -49,7 +49,7 @@ std::string formatValueType(const ValueTypeId& valueType) {
     return std::visit(Formatter{}, valueType);
 }
 
-/// The lines about each kind of object.
+/// Describes the objects of each kind.
 class Description {
 public:
     Description(const ParametersEngine& engine, const std::map<std::string, Item>& items)
@@ -133,7 +133,7 @@ public:
         return lines;
     }
 
-    /// Disciplines, domains and groups have nothing but their name.
+    /// Disciplines, domains and groups have only a name.
     [[nodiscard]] std::vector<Tree> operator()(const Taxon& /*taxon*/) const { return {}; }
 
 private:
@@ -214,7 +214,7 @@ Status show(const ShowOptions& options) {
 } // namespace
 
 void addShow(CLI::App& app, Status& status) {
-    auto* command = app.add_subcommand("show", "Show a document as a tree, with what it refers to");
+    auto* command = app.add_subcommand("show", "Show a document and what it refers to as a tree");
     auto options = std::make_shared<ShowOptions>();
     addPaths(*command, options->paths);
     addTypeId(*command, options->typeId)->required();

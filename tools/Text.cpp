@@ -62,7 +62,7 @@ std::string counted(std::size_t number, std::string_view noun) {
 }
 
 void printError(std::string_view message) {
-    // Where errors cannot be written there is nowhere to tell so.
+    // If standard error fails, there is nowhere to report it.
     static_cast<void>(std::fputs(fmt::format("parameters: {}\n", message).c_str(), stderr));
 }
 

@@ -23,10 +23,10 @@ std::string parameter(const std::string& name, const std::string& groupTypeId, c
 } // namespace
 
 TEST(CheckCommand, FindsNothingInTheExampleCatalog) {
-    EXPECT_THAT(runTool({"check", "examples/catalog"}), FieldsAre(0, EndsWith(" documents, no faults.\n"), ""));
+    EXPECT_THAT(runTool({"check", "examples/catalog"}), FieldsAre(0, EndsWith(" documents, no errors.\n"), ""));
 }
 
-TEST(CheckCommand, ReportsEveryFault) {
+TEST(CheckCommand, ReportsEveryError) {
     const ProgramRun run = runTool({"check", "tests/tool/broken"});
     EXPECT_EQ(run.output, Documents::textOf(PARAMETERS_SOURCE_DIR "/tests/tool/broken.txt"));
     EXPECT_THAT(run, FieldsAre(1, _, ""));
@@ -39,10 +39,10 @@ TEST(CheckCommand, GoesOnPastWhatCannotBeRead) {
     std::filesystem::create_symlink("nowhere", folder.path("c.json"));
     std::filesystem::create_directories(folder.path("empty"));
     EXPECT_THAT(runTool({"check", "absent", "b.txt", "empty", "."}, folder.path()),
-                FieldsAre(2, EndsWith("1 document, no faults.\n"),
+                FieldsAre(2, EndsWith("1 document, no errors.\n"),
                           "parameters: absent cannot be read: No such file or directory.\n"
-                          "parameters: b.txt is neither a .json file nor a .jsonl file nor a folder.\n"
-                          "parameters: empty holds no .json or .jsonl files.\n"
+                          "parameters: b.txt is not a .json file, a .jsonl file or a folder.\n"
+                          "parameters: empty contains no .json or .jsonl files.\n"
                           "parameters: ./c.json cannot be read: No such file or directory.\n"));
 }
 
@@ -55,7 +55,7 @@ TEST(CheckCommand, RefusesHugeDocumentsAndNoOthers) {
     EXPECT_THAT(runTool({"check", "."}, folder.path()),
                 FieldsAre(1,
                           "./a.jsonl:2: Larger than 64 MiB.\n./b.json: Larger than 64 MiB.\n\n"
-                          "group       2\n4 documents, 2 faults in 2 of them.\n",
+                          "group       2\n4 documents, 2 errors in 2 of them.\n",
                           ""));
 }
 
@@ -64,7 +64,7 @@ TEST(CheckCommand, ReadsDocumentsOfTheLargestSize) {
     folder.write("a.json", "");
     std::filesystem::resize_file(folder.path("a.json"), 64U << 20U);
     EXPECT_THAT(runTool({"check", "a.json"}, folder.path()),
-                FieldsAre(1, "a.json: Binary, no text.\n\n1 document, 1 fault in 1 of them.\n", ""));
+                FieldsAre(1, "a.json: Binary, not text.\n\n1 document, 1 error in 1 of them.\n", ""));
 }
 
 TEST(CheckCommand, TellsWhichFilesItMayNotRead) {
@@ -87,20 +87,20 @@ TEST(CheckCommand, ReadsLinkedFoldersAndFilesOnceAndExtensionsInCapitals) {
     folder.write("catalog/A.JSON", group("a"));
     folder.write("shared/B.JSONL", group("b") + group("c"));
     EXPECT_THAT(runTool({"check", "catalog/A.JSON", "catalog", "catalog"}, folder.path()),
-                FieldsAre(0, "group       3\n3 documents, no faults.\n", ""));
+                FieldsAre(0, "group       3\n3 documents, no errors.\n", ""));
 }
 
-TEST(CheckCommand, FindsManyFaultsAmongManyDocumentsAtOnce) {
+TEST(CheckCommand, FindsManyErrorsAmongManyDocumentsAtOnce) {
     std::string lines = group("g") + parameter("noGroup", "test:g");
     for (int number = 0; number < 5000; ++number) {
         lines += parameter(std::to_string(number), number % 100 == 0 ? "test:noGroup" : "test:g");
     }
     EXPECT_THAT(runToolOn(lines, {"check", "a.jsonl"}).output,
                 AllOf(StartsWith("a.jsonl:3: Dependency test:noGroup in schema test:0 is missing"),
-                      EndsWith("parameter    4951\n5002 documents, 50 faults in 50 of them.\n")));
+                      EndsWith("parameter    4951\n5002 documents, 50 errors in 50 of them.\n")));
 }
 
-TEST(CheckCommand, FindsAllFaultsOfADocument) {
+TEST(CheckCommand, FindsAllErrorsOfADocument) {
     const std::string lines = group("g") + parameter("good", "test:g") + parameter("missing", "test:nobody", "test:g") +
                               parameter("blocked", "test:g", "test:missing") +
                               parameter("both", "test:missing", "test:nobody") +
@@ -116,18 +116,18 @@ TEST(CheckCommand, FindsAllFaultsOfADocument) {
                   "a.jsonl:6: Dependency test:g in schema test:wrong" + rest +
                   "a.jsonl:7: Dependency test:wrong in schema test:behind" + rest +
                   "a.jsonl:7: Dependency test:g in schema test:behind" + rest +
-                  "\ngroup           1\nparameter       1\n7 documents, 9 faults in 5 of them.\n");
+                  "\ngroup           1\nparameter       1\n7 documents, 9 errors in 5 of them.\n");
 }
 
-TEST(CheckCommand, NamesNoMoreThanTenDocumentsOfARing) {
+TEST(CheckCommand, NamesNoMoreThanTenDocumentsOfACycle) {
     std::string lines;
     for (int number = 10; number < 22; ++number) {
         const int next = number == 21 ? 10 : number + 1;
         lines += parameter(std::to_string(number), "test:" + std::to_string(next));
     }
     EXPECT_THAT(runToolOn(lines, {"check", "a.jsonl"}).output,
-                AllOf(HasSubstr("\na.jsonl:12: Is in a ring of references: test:10, test:11, "),
-                      HasSubstr(", test:19 and 2 more.\n"), EndsWith("12 documents, 24 faults in 12 of them.\n")));
+                AllOf(HasSubstr("\na.jsonl:12: Circular reference: test:10, test:11, "),
+                      HasSubstr(", test:19 and 2 more.\n"), EndsWith("12 documents, 24 errors in 12 of them.\n")));
 }
 
 TEST(CheckCommand, KeepsControlCharactersFromTheTerminal) {
@@ -138,17 +138,17 @@ TEST(CheckCommand, KeepsControlCharactersFromTheTerminal) {
 TEST(CommandLine, TellsHelpVersionAndWrongUsageByTheStatus) {
     EXPECT_THAT(runTool({"--help"}).output, HasSubstr("check"));
     EXPECT_THAT(runTool({"--version"}), FieldsAre(0, StartsWith("parameters "), ""));
-    const std::pair<std::vector<std::string>, std::string> faultyUsages[] = {
+    const std::pair<std::vector<std::string>, std::string> wrongUsages[] = {
         {{}, ""},
         {{"check"}, ""},
         {{"nonsense", "."}, ""},
         {{"list", ".", "--kind", "nonsense"}, ""},
         {{"schema", ".", "--typeid", "x", "--data-model", "4"}, ""},
         {{"graph", ".", "--depth", "1"}, ""},
-        {{"graph", ".", "--typeid", "x", "--depth", "-1"}, "--depth: Must be a whole number from 0 on\n"},
+        {{"graph", ".", "--typeid", "x", "--depth", "-1"}, "--depth: Must be a non-negative integer\n"},
         {{"graph", ".", "--out", "a.png"}, ""},
         {{"graph", "examples/catalog", "--typeid", ""}, ""}};
-    for (const auto& [arguments, errors] : faultyUsages) {
+    for (const auto& [arguments, errors] : wrongUsages) {
         EXPECT_THAT(runTool(arguments), FieldsAre(2, "", AllOf(Not(""), StartsWith(errors))));
     }
 }
@@ -156,34 +156,32 @@ TEST(CommandLine, TellsHelpVersionAndWrongUsageByTheStatus) {
 TEST(CommandLine, WorksOnWhatIsLoadedAndTellsOfTheRestByTheStatus) {
     const std::string name = Documents::nameConstant("N");
     const std::string lines = group("good") +
-                              Documents::fullForm("test:faulty", "quovanta.spec:spec-2.0.0",
+                              Documents::fullForm("test:invalid", "quovanta.spec:spec-2.0.0",
                                                   name + "," + Documents::reference("discipline", "test:nobody"),
                                                   R"({"id":"value","typeid":"String"})") +
                               '\n' +
                               Documents::fullForm("test:blocked", "quovanta.parameter:parameter-3.0.0", name,
-                                                  R"({"id":"data","typeid":"test:faulty"})");
-    const std::string faults = "parameters: a.jsonl:2: Refers to test:nobody, which no document defines.\n"
-                               "parameters: a.jsonl:3: Has no fault that shows, but refers to test:faulty, which "
-                               "cannot be loaded.\n";
+                                                  R"({"id":"data","typeid":"test:invalid"})");
+    const std::string errors = "parameters: a.jsonl:2: Refers to test:nobody, which no document defines.\n"
+                               "parameters: a.jsonl:3: Not loaded: test:invalid, which it references, has "
+                               "errors.\n";
     const std::tuple<std::string, int, std::string> cases[] = {
         {"test:good", 1, ""},
         {"test:no\033body", 2, "parameters: No document has the typeid test:no\\x1bbody.\n"},
-        {"test:faulty", 2,
-         "parameters: a.jsonl:2, which defines test:faulty, has a fault or refers to one that has.\n"},
-        {"test:blocked", 2,
-         "parameters: a.jsonl:3, which defines test:blocked, has a fault or refers to one that has.\n"}};
+        {"test:invalid", 2, "parameters: a.jsonl:2, which defines test:invalid, was not loaded.\n"},
+        {"test:blocked", 2, "parameters: a.jsonl:3, which defines test:blocked, was not loaded.\n"}};
     for (const char* command : {"show", "schema", "deps", "bundle --out out", "graph"}) {
         for (const auto& [typeId, status, error] : cases) {
             const TemporaryFolder folder;
             folder.write("a.jsonl", lines);
             EXPECT_THAT(runShell("$tool " + std::string(command) + " a.jsonl --typeid '" + typeId + "'", folder.path()),
-                        FieldsAre(status, _, faults + error))
+                        FieldsAre(status, _, errors + error))
                 << command << ' ' << typeId;
         }
     }
-    EXPECT_THAT(runToolOn(lines, {"export", "a.jsonl", "--data-model", "1.0.0", "--out", "out"}),
-                FieldsAre(1, "1 document in out for data model 1.0.0, 0 of them rewritten; 0 cannot be represented.\n",
-                          faults));
+    EXPECT_THAT(
+        runToolOn(lines, {"export", "a.jsonl", "--data-model", "1.0.0", "--out", "out"}),
+        FieldsAre(1, "1 document in out for data model 1.0.0, 0 rewritten; 0 cannot be represented.\n", errors));
     EXPECT_THAT(
         runToolOn(group("good"), {"list", "absent", "a.jsonl"}),
         FieldsAre(2, HasSubstr("\ntest:good "), "parameters: absent cannot be read: No such file or directory.\n"));
@@ -191,7 +189,7 @@ TEST(CommandLine, WorksOnWhatIsLoadedAndTellsOfTheRestByTheStatus) {
 
 TEST(CommandLine, DrawsABarOfSlowWorkOnATerminalOnly) {
     const TemporaryFolder folder;
-    // Large, so that it is still being read when the program is stopped.
+    // Large enough to be still read when the program is stopped.
     folder.write("a.jsonl", "");
     std::filesystem::resize_file(folder.path("a.jsonl"), 16U << 20U);
     for (const char* name : {"b.json", "c.json", "d.json"}) {
@@ -202,14 +200,14 @@ TEST(CommandLine, DrawsABarOfSlowWorkOnATerminalOnly) {
                       EndsWith("\r\x1b[K")));
     EXPECT_EQ(terminalOfSlowRun("$tool check . >output 2>errors", folder.path(), folder.path("a.jsonl")), "");
     EXPECT_EQ(Documents::textOf(folder.path("errors")), "");
-    EXPECT_THAT(Documents::textOf(folder.path("output")), EndsWith("\n4 documents, 1 fault in 1 of them.\n"));
+    EXPECT_THAT(Documents::textOf(folder.path("output")), EndsWith("\n4 documents, 1 error in 1 of them.\n"));
 }
 
 TEST(CommandLine, TellsOnceThatItCannotWrite) {
     for (const char* command :
          {"$tool --version >/dev/full", "$tool list examples/catalog >/dev/full", "$tool list examples/catalog >&-"}) {
-        EXPECT_THAT(runShell(command), FieldsAre(2, "", "parameters: Standard output cannot be written.\n"));
+        EXPECT_THAT(runShell(command), FieldsAre(2, "", "parameters: Cannot write to standard output.\n"));
     }
     EXPECT_THAT(runShell("$tool check absent examples/catalog/domains 2>&-"),
-                FieldsAre(2, EndsWith(" documents, no faults.\n"), ""));
+                FieldsAre(2, EndsWith(" documents, no errors.\n"), ""));
 }

@@ -43,7 +43,7 @@ TEST(ListCommand, WritesJsonForPrograms) {
     EXPECT_EQ(runTool({"list", "examples/catalog/domains", "--kind", "spec", "--json"}).output, "[]\n");
 }
 
-TEST(ListCommand, ListsWhatHasNoFaultAndTellsWhatHas) {
+TEST(ListCommand, ListsWhatIsLoadedAndReportsErrors) {
     EXPECT_THAT(runTool({"list", "examples/catalog/domains", "examples/catalog/units/volt.json"}),
                 FieldsAre(1, HasSubstr("acme.building:domain.electrical-1.0.0"),
                           "parameters: examples/catalog/units/volt.json: Refers to "

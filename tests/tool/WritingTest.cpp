@@ -23,8 +23,8 @@ TEST(ExportCommand, WritesWhatAnOlderModelReadsAndListsTheRest) {
     EXPECT_THAT(run.output,
                 AllOf(HasSubstr("examples/catalog/specs/setpoint.json: acme.building:spec.setpoint-1.0.0: Cannot "
                                 "represent schema in requested format.\n"),
-                      HasSubstr("\nDocuments written that refer to ones that cannot be represented: 3.\n"),
-                      Not(HasSubstr("no longer holds"))));
+                      HasSubstr("\nReferences to documents that cannot be represented remain in 3 documents.\n"),
+                      Not(HasSubstr("loses:"))));
     EXPECT_THAT(Documents::textOf(folder.path("out/acme.building_domain.electrical-1.0.0.json")),
                 StartsWith(R"({"downgradedFrom":"3.0.0",)"));
 }
@@ -33,14 +33,14 @@ TEST(ExportCommand, TellsWhatTheOlderTextNoLongerHolds) {
     const TemporaryFolder folder;
     folder.write("rich.json", rich);
     EXPECT_THAT(runTool({"export", "rich.json", "--data-model", "1.0.0", "--out", "out"}, folder.path()),
-                FieldsAre(0, R"(rich.json: test:rich/../../x-1.0.0, rewritten, no longer holds all:
-  gone:    sealed: false
-  gone:    author: "me"
+                FieldsAre(0, R"(rich.json: Rewriting test:rich/../../x-1.0.0 loses:
+  removed: sealed: false
+  removed: author: "me"
   changed: downgradedFrom: "9.0.0" is now "3.0.0"
-  gone:    constant "name" note: 1
-  gone:    constant "rank": {"id":"rank","value":7}
-  gone:    property "p": {"id":"p","typeid":"String","context":"map"}
-1 document in out for data model 1.0.0, 1 of them rewritten; 0 cannot be represented.
+  removed: constant "name" note: 1
+  removed: constant "rank": {"id":"rank","value":7}
+  removed: property "p": {"id":"p","typeid":"String","context":"map"}
+1 document in out for data model 1.0.0, 1 rewritten; 0 cannot be represented.
 )",
                           ""));
     EXPECT_EQ(Documents::textOf(folder.path("out/test_rich_.._.._x-1.0.0.json")),
@@ -57,11 +57,11 @@ TEST(ExportCommand, TellsReferencesFromTheirLikesThatMove) {
         "test:p", "quovanta.parameter:parameter-3.0.0", name + "," + Documents::reference("seeAlso", "test:s"),
         R"({"id":"data","typeid":"test:s","note":1},{"id":"extra","typeid":"String"})");
     EXPECT_EQ(runToolOn(spec + '\n' + parameter, {"export", "a.jsonl", "--data-model", "1.0.0", "--out", "out"}).output,
-              R"(a.jsonl:2: test:p, rewritten, no longer holds all:
-  gone:    constant "seeAlso": {"id":"seeAlso","typedValue":{"typeid":"test:s"}}
-  gone:    property "data" note: 1
-  gone:    property "extra": {"id":"extra","typeid":"String"}
-2 documents in out for data model 1.0.0, 2 of them rewritten; 0 cannot be represented.
+              R"(a.jsonl:2: Rewriting test:p loses:
+  removed: constant "seeAlso": {"id":"seeAlso","typedValue":{"typeid":"test:s"}}
+  removed: property "data" note: 1
+  removed: property "extra": {"id":"extra","typeid":"String"}
+2 documents in out for data model 1.0.0, 2 rewritten; 0 cannot be represented.
 )");
 }
 
@@ -72,10 +72,10 @@ TEST(ExportCommand, OverwritesOnlyWhenForced) {
     std::vector<std::string> arguments = {"export", "rich.json", "--data-model", "1.0.0", "--out", "."};
     EXPECT_THAT(
         runTool(arguments, folder.path()),
-        FieldsAre(2, "", "parameters: ./test_rich_.._.._x-1.0.0.json is there already; --force overwrites it.\n"));
+        FieldsAre(2, "", "parameters: ./test_rich_.._.._x-1.0.0.json already exists; --force overwrites it.\n"));
     EXPECT_EQ(Documents::textOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
     EXPECT_EQ(runTool({"export", "rich.json", "--data-model", "1.0.0", "--out", "rich.json"}, folder.path()).errors,
-              "parameters: The folder rich.json cannot be made: Not a directory.\n");
+              "parameters: Cannot create folder rich.json: Not a directory.\n");
     arguments.emplace_back("--force");
     EXPECT_EQ(runTool(arguments, folder.path()).status, 0);
     EXPECT_NE(Documents::textOf(folder.path("test_rich_.._.._x-1.0.0.json")), "mine");
@@ -103,13 +103,13 @@ TEST(BundleCommand, WritesWhatLoadsByItself) {
     const std::vector<std::string> arguments = {"bundle", "examples/catalog", "--typeid", diffuser,
                                                 "--out",  folder.path("out")};
     EXPECT_THAT(runTool(arguments),
-                FieldsAre(0, "7 documents load by themselves from " + folder.path("out") + ".\n", ""));
+                FieldsAre(0, "7 documents written to " + folder.path("out") + "; they load on their own.\n", ""));
     EXPECT_EQ(Documents::textOf(folder.path("out/acme.building_parameter.supplyDiffuser-1.0.0.json")),
               Documents::textOf(PARAMETERS_SOURCE_DIR "/examples/catalog/parameters/air/supply-diffuser.json"));
-    EXPECT_THAT(runTool({"check", folder.path("out")}).output, EndsWith("7 documents, no faults.\n"));
+    EXPECT_THAT(runTool({"check", folder.path("out")}).output, EndsWith("7 documents, no errors.\n"));
     EXPECT_EQ(runTool(arguments).status, 2);
     EXPECT_EQ(runToolOn(Documents::discipline("a", "N"), {"bundle", "a.jsonl", "--typeid", "a", "--out", "out"}).output,
-              "1 document loads by itself from out.\n");
+              "1 document written to out; it loads on its own.\n");
 }
 
 TEST(GraphCommand, DrawsKindsWithALegend) {
@@ -136,7 +136,8 @@ TEST(GraphCommand, QuotesTypeids) {
 TEST(GraphCommand, DrawsAPictureThroughGraphviz) {
     const TemporaryFolder folder;
     const ProgramRun run = runTool({"graph", "examples/catalog", "--typeid", diffuser, "--out", folder.path("a.svg")});
-    if (run.errors == "parameters: SVG needs Graphviz, whose program dot is not installed; a .dot file does not.\n") {
+    if (run.errors ==
+        "parameters: SVG output needs Graphviz, whose program dot is not installed; .dot output does not.\n") {
         EXPECT_EQ(run.status, 2);
         GTEST_SKIP() << "Graphviz is not installed.";
     }
