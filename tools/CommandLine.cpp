@@ -14,6 +14,7 @@ void addPaths(CLI::App& command, std::vector<std::string>& paths) {
         .add_option(
             "PATH", paths,
             ".json files (one document each), .jsonl files (one document per line), or folders, searched recursively")
+        ->type_name("")
         ->required();
 }
 

@@ -3,6 +3,8 @@
 
 #include <cstdio>
 #include <exception>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -12,8 +14,25 @@ constexpr const char* footer = R"(Exit status:
   2  wrong usage, or a file that cannot be read or written
 Results go to standard output, messages to standard error.)";
 
+/// Makes each command in --help-all a section with its options, which help2man understands.
+class HelpFormatter final : public CLI::Formatter {
+public:
+    std::string make_expanded(const CLI::App* command) const override {
+        std::string text = "\n" + command->get_name() + ":\n  " + command->get_description() + "\n\n";
+        for (const CLI::Option* option : command->get_options()) {
+            if (option != command->get_help_ptr() && option != command->get_help_all_ptr()) {
+                text += make_option(option, option->get_positional());
+            }
+        }
+        // The base class ends the section with another line feed.
+        text.pop_back();
+        return text;
+    }
+};
+
 Tool::Status run(int argc, char** argv) {
     CLI::App app("Check, show and convert catalogs of schema documents.", "parameters");
+    app.formatter(std::make_shared<HelpFormatter>());
     app.set_version_flag("--version", "parameters " PARAMETERS_VERSION);
     app.set_help_all_flag("--help-all", "Print the help of all commands and exit");
     app.footer(footer);
