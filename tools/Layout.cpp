@@ -35,14 +35,14 @@ void printTable(const std::vector<Row>& rows) {
     for (const Row& row : rows) {
         std::string line;
         // Padding precedes a cell, so that no line ends with blanks.
-        std::size_t blanks = 0;
+        std::size_t padding = 0;
         for (std::size_t column = 0; column < row.size(); ++column) {
             const std::size_t width = widthOf(row[column]);
             if (width != 0) {
-                line += std::string(blanks, ' ') + row[column];
-                blanks = 0;
+                line += std::string(padding, ' ') + row[column];
+                padding = 0;
             }
-            blanks += widths[column] - std::min(widths[column], width) + 2;
+            padding += widths[column] - std::min(widths[column], width) + 2;
         }
         fmt::print("{}\n", line);
     }
