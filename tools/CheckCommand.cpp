@@ -19,6 +19,7 @@ void printSummary(const Catalog& catalog) {
         ++counts[item.kind->name];
     }
     std::vector<Row> rows;
+    rows.reserve(counts.size());
     for (const auto& [kind, count] : counts) {
         rows.push_back({kind, fmt::format("{:>6}", count)});
     }

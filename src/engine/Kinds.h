@@ -279,20 +279,20 @@ template <class Kind>
 using WriteResult = decltype(Kind::write(std::declval<const typename Kind::Object&>(), std::declval<JSON::Writer&>(),
                                          DataModelVersion()));
 
-template <template <class> class Result, class Kind, class = void> constexpr bool gives = false;
+template <template <class> class Result, class Kind, class = void> struct Gives : std::false_type {};
 template <template <class> class Result, class Kind>
-constexpr bool gives<Result, Kind, std::void_t<Result<Kind>>> = true;
+struct Gives<Result, Kind, std::void_t<Result<Kind>>> : std::true_type {};
 
 template <class Kind> constexpr bool isComplete() {
     static_assert(!Kind::name.empty(), "a kind needs the word that messages use for it: name");
-    static_assert(gives<ReadResult, Kind>, "a kind needs read(document), which gives an optional Body");
-    static_assert(gives<DependenciesResult, Kind>, "a kind needs dependenciesOfSchema(body, visit)");
-    static_assert(gives<UnitDependenciesResult, Kind>, "a kind needs unitDependenciesOfSchema(body, visit)");
-    static_assert(gives<VisitTextsResult, Kind>, "a kind needs visitTexts(body, visit)");
-    static_assert(gives<AddDependenciesResult, Kind>,
+    static_assert(Gives<ReadResult, Kind>::value, "a kind needs read(document), which gives an optional Body");
+    static_assert(Gives<DependenciesResult, Kind>::value, "a kind needs dependenciesOfSchema(body, visit)");
+    static_assert(Gives<UnitDependenciesResult, Kind>::value, "a kind needs unitDependenciesOfSchema(body, visit)");
+    static_assert(Gives<VisitTextsResult, Kind>::value, "a kind needs visitTexts(body, visit)");
+    static_assert(Gives<AddDependenciesResult, Kind>::value,
                   "a kind needs addDependencies(object, result, units, categories)");
-    static_assert(gives<ConversionResult, Kind>, "a kind needs conversionOf(object)");
-    static_assert(gives<WriteResult, Kind>, "a kind needs write(object, target, version)");
+    static_assert(Gives<ConversionResult, Kind>::value, "a kind needs conversionOf(object)");
+    static_assert(Gives<WriteResult, Kind>::value, "a kind needs write(object, target, version)");
     return true;
 }
 template <class... Kinds> constexpr bool areComplete(KindList<Kinds...> /*kinds*/) {

@@ -66,9 +66,9 @@ inline void prefetchData(const ItemLocation& location) noexcept {
 }
 
 /// Prefetches what it takes to write an object, where that lies in many places.
-template <class Object> void prefetchForWriting(const Object& /*object*/) noexcept {}
+template <class Object> void prefetchForWriting(const Object& /*object*/) {}
 
-inline void prefetchForWriting(const Parameter& parameter) noexcept {
+inline void prefetchForWriting(const Parameter& parameter) {
     const auto prefetchData = [](const auto& object) {
         const auto& data = Internals::dataOf(object);
         prefetch(&data, sizeof(data));
