@@ -1,5 +1,6 @@
 #include "Checks.h"
 
+#include "engine/Kinds.h"
 #include "schema/DataModels.h"
 #include "support/FinishedObjects.h"
 
@@ -13,11 +14,12 @@ using namespace Parameters;
 
 namespace {
 
+static_assert(std::tuple_size_v<decltype(kindRows)> == AllKinds::size(), "a kind of the library has no row");
+
 std::size_t countOfObjects(const ParametersEngine& engine) {
-    return engine.getAllCategories().size() + engine.getAllDisciplines().size() + engine.getAllDomains().size() +
-           engine.getAllEnumerations().size() + engine.getAllFloatRanges().size() + engine.getAllGroups().size() +
-           engine.getAllIntRanges().size() + engine.getAllParameters().size() + engine.getAllSpecs().size() +
-           engine.getAllStringRanges().size();
+    std::size_t count = 0;
+    forEachKind([&](const auto& row) { count += (engine.*row.getAll)().size(); });
+    return count;
 }
 
 /// Whether the engine makes up a taxon, which need not be registered.

@@ -7,6 +7,8 @@ namespace Parameters {
 
 /// A list of kinds in the order in which an operation treats them. Kinds are the descriptions of Kinds.h.
 template <class... Kinds> struct KindList {
+    [[nodiscard]] static constexpr std::size_t size() noexcept { return sizeof...(Kinds); }
+
     /// Calls visit with each kind in turn.
     template <class Visit> static void forEach(Visit visit) { (visit(Kinds{}), ...); }
 

@@ -13,6 +13,10 @@
 
 namespace Parameters {
 
+// A use stays as long as scripts/bench shows it. With 100,000 parameters, and runs with and without it taken in turn,
+// resolveSchemas took 15 % longer without; getSchemaInCompatibleFormat 6 % without the item's data, 18 % without the
+// typeids of what a parameter refers to, and 56 % without these and their data. Registering and parsing showed nothing.
+
 /// Prefetches memory that is going to be read, so that several places of a large catalog arrive together instead of one
 /// after the other.
 inline void prefetch(const void* begin, std::size_t size) noexcept {
@@ -65,27 +69,39 @@ inline void prefetchData(const ItemLocation& location) noexcept {
     });
 }
 
-/// Prefetches what it takes to write an object, where that lies in many places.
-template <class Object> void prefetchForWriting(const Object& /*object*/) {}
+// Only parameters refer to so much that writing them waits for it. What an object is made of comes in two steps: the
+// data of what it refers to and, once these are there, the typeids in them.
 
-inline void prefetchForWriting(const Parameter& parameter) {
-    const auto prefetchData = [](const auto& object) {
-        const auto& data = Internals::dataOf(object);
-        prefetch(&data, sizeof(data));
-    };
+template <class Object> void prefetchForWriting(const Object& /*object*/) {}
+template <class Object> void prefetchReferredTypeIds(const Object& /*object*/) {}
+
+/// Calls visit with each object that the parameter refers to.
+template <class Visit> void visitReferences(const Parameter& parameter, const Visit& visit) {
     const auto& data = Internals::dataOf(parameter);
-    prefetchData(data.spec);
-    prefetchData(data.group);
+    visit(data.spec);
+    visit(data.group);
     std::visit(
         [&](const auto& range) {
             if constexpr (!std::is_same_v<decltype(range), const std::monostate&>) {
-                prefetchData(range);
+                visit(range);
             }
         },
         data.range);
+}
+
+inline void prefetchForWriting(const Parameter& parameter) {
+    visitReferences(parameter, [](const auto& object) {
+        const auto& data = Internals::dataOf(object);
+        prefetch(&data, sizeof(data));
+    });
+    const auto& data = Internals::dataOf(parameter);
     prefetch(data.typeId);
     prefetch(data.name);
     prefetch(data.description);
+}
+
+inline void prefetchReferredTypeIds(const Parameter& parameter) {
+    visitReferences(parameter, [](const auto& object) { prefetch(typeIdOf(object)); });
 }
 
 } // namespace Parameters

@@ -40,6 +40,7 @@ std::string compatibleText(const typename Kind::Object& object, std::string_view
     if (!registeredText.empty() && conversion.representable.contains(version) && conversion.natural.contains(version)) {
         return std::string(registeredText);
     }
+    prefetchReferredTypeIds(object);
     return writtenText<Kind>(object, conversion, version);
 }
 

@@ -1,3 +1,4 @@
+#include "support/FinishedObjects.h"
 #include "support/Objects.h"
 
 namespace Parameters {
@@ -8,18 +9,8 @@ using namespace Documents;
 /// The kinds of the finished objects of a typeid, one after the other.
 std::string kindsOf(const ParametersEngine& engine, const std::string& typeId) {
     std::string kinds;
-    for (const auto& [kind, count] : {std::pair("category", engine.getAllCategories().count(typeId)),
-                                      {"discipline", engine.getAllDisciplines().count(typeId)},
-                                      {"domain", engine.getAllDomains().count(typeId)},
-                                      {"float range", engine.getAllFloatRanges().count(typeId)},
-                                      {"group", engine.getAllGroups().count(typeId)},
-                                      {"int range", engine.getAllIntRanges().count(typeId)},
-                                      {"parameter", engine.getAllParameters().count(typeId)},
-                                      {"spec", engine.getAllSpecs().count(typeId)},
-                                      {"string range", engine.getAllStringRanges().count(typeId)},
-                                      {"unit", engine.getUnitsEngine().getAllUnits().count(typeId)}}) {
-        kinds += count != 0 ? kind : "";
-    }
+    forEachKind([&](const auto& row) { kinds += (engine.*row.getAll)().count(typeId) != 0 ? row.name : ""; });
+    kinds += engine.getUnitsEngine().getAllUnits().count(typeId) != 0 ? "unit" : "";
     return kinds;
 }
 

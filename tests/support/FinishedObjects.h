@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <tuple>
 
 namespace Documents {
 
@@ -24,24 +25,40 @@ inline Parameters::ParametersEngine finishedCatalog(const std::filesystem::path&
 
 namespace Parameters {
 
+/// A kind as a host sees it.
+template <class GetAll, class Register> struct KindRow {
+    const char* name;
+    GetAll getAll;
+    Register registerOne;
+};
+template <class GetAll, class Register> KindRow(const char*, GetAll, Register) -> KindRow<GetAll, Register>;
+
+inline constexpr std::tuple kindRows = {
+    KindRow{"category", &ParametersEngine::getAllCategories, &ParametersEngine::registerCategory},
+    KindRow{"discipline", &ParametersEngine::getAllDisciplines, &ParametersEngine::registerDiscipline},
+    KindRow{"domain", &ParametersEngine::getAllDomains, &ParametersEngine::registerDomain},
+    KindRow{"enumeration", &ParametersEngine::getAllEnumerations, &ParametersEngine::registerEnumeration},
+    KindRow{"float range", &ParametersEngine::getAllFloatRanges, &ParametersEngine::registerFloatRange},
+    KindRow{"group", &ParametersEngine::getAllGroups, &ParametersEngine::registerGroup},
+    KindRow{"int range", &ParametersEngine::getAllIntRanges, &ParametersEngine::registerIntRange},
+    KindRow{"parameter", &ParametersEngine::getAllParameters, &ParametersEngine::registerParameter},
+    KindRow{"spec", &ParametersEngine::getAllSpecs, &ParametersEngine::registerSpec},
+    KindRow{"string range", &ParametersEngine::getAllStringRanges, &ParametersEngine::registerStringRange}};
+
+/// Calls visit with each row.
+template <class Visit> void forEachKind(Visit visit) {
+    std::apply([&](const auto&... row) { (visit(row), ...); }, kindRows);
+}
+
 /// All finished objects by typeid, each as an operation that registers it in an engine.
 inline std::map<std::string, std::function<void(ParametersEngine&)>> objectsIn(const ParametersEngine& engine) {
     std::map<std::string, std::function<void(ParametersEngine&)>> objects;
-    const auto add = [&](const auto& objectsOfKind, auto registerOne) {
-        for (const auto& [typeId, object] : objectsOfKind) {
+    forEachKind([&](const auto& row) {
+        for (const auto& [typeId, object] : (engine.*row.getAll)()) {
+            const auto registerOne = row.registerOne;
             objects[typeId] = [registerOne, copy = object](ParametersEngine& other) { (other.*registerOne)(copy); };
         }
-    };
-    add(engine.getAllCategories(), &ParametersEngine::registerCategory);
-    add(engine.getAllDisciplines(), &ParametersEngine::registerDiscipline);
-    add(engine.getAllDomains(), &ParametersEngine::registerDomain);
-    add(engine.getAllEnumerations(), &ParametersEngine::registerEnumeration);
-    add(engine.getAllFloatRanges(), &ParametersEngine::registerFloatRange);
-    add(engine.getAllGroups(), &ParametersEngine::registerGroup);
-    add(engine.getAllIntRanges(), &ParametersEngine::registerIntRange);
-    add(engine.getAllParameters(), &ParametersEngine::registerParameter);
-    add(engine.getAllSpecs(), &ParametersEngine::registerSpec);
-    add(engine.getAllStringRanges(), &ParametersEngine::registerStringRange);
+    });
     return objects;
 }
 
