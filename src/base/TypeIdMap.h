@@ -15,8 +15,12 @@
 
 namespace Parameters {
 
-/// Keyed by where the library was loaded, which makes it hard to write documents whose typeids collide.
+/// Fast, and keyed by random numbers, one key a process: who does not know it can hardly write documents whose typeids
+/// collide.
 [[nodiscard]] std::uint32_t hashOfTypeId(std::string_view typeId) noexcept;
+
+/// Slower, and made for withstanding who tries: for a map in which many typeids collide all the same.
+[[nodiscard]] std::uint32_t strongHashOfTypeId(std::string_view typeId) noexcept;
 
 /// A typeid with its hash, which serves the look-ups in several maps.
 struct TypeIdKey {
@@ -40,7 +44,8 @@ template <class Item> void makeRoom(std::vector<Item>& items, std::size_t count)
 }
 
 /// Map from typeid to value: entries stand in the order of insertion, a hash index beside them finds them, and the
-/// order by typeid is worked out by whoever needs it.
+/// order by typeid is worked out by whoever needs it. Look-ups take about as long whatever the typeids are: where too
+/// many collide, the index goes over to the strong hash.
 template <class Value> class TypeIdMap {
 public:
     class Entry {
@@ -97,7 +102,7 @@ public:
 
     /// The slot that a look-up of the key reads first, or null.
     [[nodiscard]] const void* slotOf(const TypeIdKey& key) const noexcept {
-        return slots_.empty() ? nullptr : &slots_[key.hash & mask()];
+        return slots_.empty() ? nullptr : &slots_[hashOf(key) & mask()];
     }
     /// The entry that find() reads, but for rare cases: the typeids are not compared. Null where there is none.
     [[nodiscard]] const Entry* findLikely(const TypeIdKey& key) const noexcept {
@@ -121,7 +126,10 @@ public:
     void insert(const TypeIdKey& key, Value value) {
         reserveMore(1);
         entries_.emplace_back(kept(longTypeIds_, key.typeId), std::move(value));
-        place(slots_, Slot{key.hash, static_cast<std::uint32_t>(entries_.size() - 1)});
+        place(Slot{hashOf(key), static_cast<std::uint32_t>(entries_.size() - 1)});
+        if (longestWay_ > longestFastWay && !isStrong_) {
+            makeStrong();
+        }
     }
 
     /// Removes the entries from a position on for whose values test returns true.
@@ -139,7 +147,19 @@ public:
         };
         entries_.erase(std::remove_if(begin, entries_.end(), lose), entries_.end());
         for (std::size_t i = first; i < entries_.size(); ++i) {
-            place(slots_, Slot{hashOfTypeId(entries_[i].typeId()), static_cast<std::uint32_t>(i)});
+            placeEntry(i);
+        }
+    }
+
+    /// Gives back memory where little of it is used. It may fail, and then gives back less.
+    void shrink() {
+        constexpr std::size_t worthIt = 64;
+        if (longTypeIds_.isMostlyDiscarded(size())) {
+            compact();
+        }
+        if (entries_.capacity() > 2 * entries_.size() + worthIt) {
+            entries_.shrink_to_fit();
+            rehash(entries_.size());
         }
     }
 
@@ -165,6 +185,16 @@ private:
     };
     static constexpr std::uint32_t vacant = 0xFFFFFFFF;
 
+    /// No entry of ten million is so far from where it wants to be, but by intent.
+    static constexpr std::size_t longestFastWay = 192;
+
+    [[nodiscard]] std::uint32_t hashOf(const TypeIdKey& key) const noexcept {
+        return isStrong_ ? strongHashOfTypeId(key.typeId) : key.hash;
+    }
+    [[nodiscard]] std::uint32_t hashOf(const Entry& entry) const noexcept {
+        return isStrong_ ? strongHashOfTypeId(entry.typeId()) : hashOfTypeId(entry.typeId());
+    }
+
     [[nodiscard]] std::size_t mask() const noexcept { return slots_.size() - 1; }
 
     /// The first entry with the hash of the key that is accepted, or null.
@@ -173,21 +203,20 @@ private:
         if (entries_.empty()) {
             return nullptr;
         }
-        for (std::size_t i = key.hash & mask();; i = (i + 1) & mask()) {
-            const Slot& slot = slots_[i];
+        const std::uint32_t hash = hashOf(key);
+        for (std::size_t way = 0; way <= longestWay_; ++way) {
+            const Slot& slot = slots_[(hash + way) & mask()];
             if (slot.entry == vacant) {
                 return nullptr;
             }
-            if (slot.hash == key.hash && accept(entries_[slot.entry])) {
+            if (slot.hash == hash && accept(entries_[slot.entry])) {
                 return &entries_[slot.entry];
             }
         }
+        return nullptr;
     }
 
     void reserveMore(std::size_t count) {
-        if (longTypeIds_.isMostlyDiscarded(size())) {
-            compact();
-        }
         makeRoom(entries_, count);
         const std::size_t needed = entries_.size() + count;
         if (2 * needed > slots_.size()) {
@@ -216,18 +245,27 @@ private:
         while (count < 2 * needed) {
             count *= 2;
         }
-        std::vector<Slot> slots(count);
-        for (const Slot& slot : slots_) {
+        const auto former = std::exchange(slots_, std::vector<Slot>(count));
+        longestWay_ = 0;
+        for (const Slot& slot : former) {
             if (slot.entry != vacant) {
-                place(slots, slot);
+                place(slot);
             }
         }
-        slots_ = std::move(slots);
+    }
+
+    void makeStrong() noexcept {
+        isStrong_ = true;
+        longestWay_ = 0;
+        std::fill(slots_.begin(), slots_.end(), Slot{});
+        for (std::size_t i = 0; i < entries_.size(); ++i) {
+            placeEntry(i);
+        }
     }
 
     /// Empties the slot of an entry, and moves those behind it that only made way.
     void vacate(std::size_t entry) noexcept {
-        std::size_t gap = hashOfTypeId(entries_[entry].typeId()) & mask();
+        std::size_t gap = hashOf(entries_[entry]) & mask();
         while (slots_[gap].entry != entry) {
             gap = (gap + 1) & mask();
         }
@@ -241,17 +279,25 @@ private:
         slots_[gap] = Slot{};
     }
 
-    static void place(std::vector<Slot>& slots, Slot taken) noexcept {
-        std::size_t i = taken.hash & (slots.size() - 1);
-        while (slots[i].entry != vacant) {
-            i = (i + 1) & (slots.size() - 1);
+    void placeEntry(std::size_t entry) noexcept {
+        place(Slot{hashOf(entries_[entry]), static_cast<std::uint32_t>(entry)});
+    }
+
+    void place(Slot taken) noexcept {
+        std::size_t way = 0;
+        while (slots_[(taken.hash + way) & mask()].entry != vacant) {
+            ++way;
         }
-        slots[i] = taken;
+        slots_[(taken.hash + way) & mask()] = taken;
+        longestWay_ = std::max(longestWay_, way);
     }
 
     TextArena longTypeIds_;
     std::vector<Entry> entries_;
     std::vector<Slot> slots_;
+    /// How far an entry may be from the slot that its hash asks for. Look-ups go no further.
+    std::size_t longestWay_ = 0;
+    bool isStrong_ = false;
 };
 
 } // namespace Parameters
