@@ -10,6 +10,11 @@ namespace Parameters {
 struct Internals {
     template <class Value> [[nodiscard]] static const auto& dataOf(const Value& value) noexcept { return *value.data_; }
 
+    /// The same, to keep.
+    template <class Value> [[nodiscard]] static const auto& sharedDataOf(const Value& value) noexcept {
+        return value.data_;
+    }
+
     /// Makes a value of ready data, without copying strings as the public constructors do.
     template <class Value, class... Fields> [[nodiscard]] static Value make(Fields&&... fields) {
         using Data = typename Value::Data;

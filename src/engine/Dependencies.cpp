@@ -1,5 +1,5 @@
+#include "engine/Dependencies.h"
 #include "base/UnitsErrors.h"
-#include "engine/EngineImpl.h"
 
 #include <set>
 #include <string>
@@ -8,19 +8,11 @@ namespace Parameters {
 
 namespace {
 
-void dropBuiltIns(std::set<std::string>& typeIds) {
-    for (const std::string_view builtIn : Vocabulary::builtInTypeIds) {
-        typeIds.erase(std::string(builtIn));
-    }
-}
-
 template <class Kind>
 std::set<std::string> dependenciesOf(const typename Kind::Object& object, const EngineImpl& engine) {
-    std::set<std::string> typeIds;
-    Kind::addDependencies(object, typeIds, engine.units,
-                          LookupScope(engine.units, engine.primary).stores<CategoryKind>());
-    dropBuiltIns(typeIds);
-    return typeIds;
+    DependencyCollector result;
+    collectDependencies<Kind>(object, engine, result);
+    return std::move(result.typeIds);
 }
 
 } // namespace

@@ -18,6 +18,9 @@ struct EngineImpl {
     /// Finished objects copied from other engines, until the next resolution takes them over.
     Registry imported;
     Units::UnitsEngine units;
+    /// Objects of contexts all of whose references are known here until the next resolution: to walk them again, for
+    /// each of the many that may refer to one, would take an import quadratic time.
+    ObjectSet listed;
 
     [[nodiscard]] bool isRegistered(const std::string& typeId) const {
         return isKnownHere(typeId) || units.isRegistered(typeId);

@@ -1,6 +1,7 @@
 #include "base/UnitsErrors.h"
-#include "engine/EngineImpl.h"
+#include "engine/Dependencies.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <utility>
@@ -11,47 +12,81 @@ namespace {
 
 using TypeIds = std::set<std::string>;
 
-/// Copies the units item if the context's units engine has it and this engine's has not; whether it did.
-bool copyUnitsItem(const std::string& typeId, Units::UnitsEngine& units, const Units::UnitsEngine& source) {
-    if (units.isRegistered(typeId) || !source.isRegistered(typeId)) {
-        return false;
+/// Finds what is to be copied from a context's finished objects, and copies it. Units items are copied at once.
+class ContextImport {
+public:
+    ContextImport(EngineImpl& engine, const EngineImpl& context) : engine_(engine), context_(context) {
+        dependencies_.skipped = &engine.listed;
     }
-    withUnitsValidation([&] { askUnits(typeId, [&] { units.copyItem(typeId, source); }); });
-    return true;
-}
 
-/// Works off the typeids, and what they lead to, smallest first: units items are copied at once, and what is to be
-/// copied from the context's finished objects is returned.
-TypeIds closureInContext(TypeIds work, EngineImpl& engine, const ParametersEngine& contextEngine,
-                         const EngineImpl& context) {
-    TypeIds toCopy;
-    while (!work.empty()) {
-        const auto node = work.extract(work.begin());
-        const std::string& typeId = node.value();
-        const bool settled = copyUnitsItem(typeId, engine.units, context.units) || !context.isRegistered(typeId) ||
-                             engine.isRegistered(typeId) || toCopy.find(typeId) != toCopy.end();
-        if (settled) {
-            continue;
+    /// Works off the typeids, and what they lead to, smallest first.
+    void findClosure(TypeIds work) {
+        while (!work.empty()) {
+            const std::string& typeId = *worked_.insert(work.extract(work.begin())).position;
+            const bool settled = copyUnitsItem(typeId) || !context_.isRegistered(typeId) ||
+                                 engine_.isRegistered(typeId) || toCopy_.find(typeId) != toCopy_.end();
+            if (settled) {
+                continue;
+            }
+            const bool found = context_.primary.visitFinished(typeId, [&](auto kind, const auto& item) {
+                collectDependencies<decltype(kind)>(item.object, context_, dependencies_);
+            });
+            if (!found) {
+                throwUnknownTypeId(typeId);
+            }
+            work.merge(std::exchange(dependencies_.typeIds, {}));
+            toCopy_.insert(typeId);
         }
-        work.merge(contextEngine.getDependencies(typeId));
-        if (!context.primary.visitFinished(typeId, [](auto /*kind*/, const auto& /*item*/) {})) {
-            throwUnknownTypeId(typeId);
-        }
-        toCopy.insert(typeId);
     }
-    return toCopy;
-}
 
-/// Copies those of the typeids that are of the kind, with their texts, checked against all that the new engine will
-/// see.
-template <class Kind> void copyFromContext(const TypeIds& typeIds, EngineImpl& engine, const EngineImpl& context) {
-    for (const std::string& typeId : typeIds) {
-        if (const auto* item = context.primary.find<Kind>(typeId)) {
-            const LookupScope scope(engine.units, engine.primary, engine.imported, context.primary);
-            engine.imported.addObject<Kind>(Kind::validated(item->object, scope), item->text);
+    void copyFoundObjects() {
+        ImportOrder::forEach([&](auto kind) { copyObjects<decltype(kind)>(); });
+        if (std::all_of(worked_.begin(), worked_.end(),
+                        [&](const std::string& typeId) { return isHereToStay(typeId); })) {
+            engine_.listed.merge(dependencies_.listed);
         }
     }
-}
+
+private:
+    /// Copies the units item if the context's units engine has it and this engine's has not; whether it did.
+    bool copyUnitsItem(const std::string& typeId) {
+        if (engine_.units.isRegistered(typeId) || !context_.units.isRegistered(typeId)) {
+            return false;
+        }
+        withUnitsValidation([&] { askUnits(typeId, [&] { engine_.units.copyItem(typeId, context_.units); }); });
+        return true;
+    }
+
+    /// Copies those of the objects found that are of the kind, with their texts, checked against all that the new
+    /// engine will see.
+    template <class Kind> void copyObjects() {
+        for (const std::string& typeId : toCopy_) {
+            if (const auto* item = context_.primary.find<Kind>(typeId)) {
+                const LookupScope scope(engine_.units, engine_.primary, engine_.imported, context_.primary);
+                engine_.imported.addObject<Kind>(Kind::validated(item->object, scope), item->text);
+            }
+        }
+    }
+
+    /// Whether the engine knows the typeid until its next resolution: a pending units item a host may drop before.
+    [[nodiscard]] bool isHereToStay(const std::string& typeId) const {
+        if (engine_.isKnownHere(typeId)) {
+            return true;
+        }
+        try {
+            static_cast<void>(engine_.units.getDependencies(typeId));
+            return true;
+        } catch (const Units::UnrecognizedIdentifierException&) {
+            return false;
+        }
+    }
+
+    EngineImpl& engine_;
+    const EngineImpl& context_;
+    TypeIds worked_;
+    TypeIds toCopy_;
+    DependencyCollector dependencies_;
+};
 
 } // namespace
 
@@ -65,8 +100,9 @@ std::set<std::string> ParametersEngine::registerSchemaWithContext(const std::str
             (context.isRegistered(typeId) ? work : unknown).insert(typeId);
         }
     }
-    const TypeIds toCopy = closureInContext(std::move(work), *impl_, context, *context.impl_);
-    ImportOrder::forEach([&](auto kind) { copyFromContext<decltype(kind)>(toCopy, *impl_, *context.impl_); });
+    ContextImport import(*impl_, *context.impl_);
+    import.findClosure(std::move(work));
+    import.copyFoundObjects();
     return unknown;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DependencyCollector.h"
 #include "engine/KindList.h"
 #include "schema/DataModels.h"
 #include "schema/Vocabulary.h"
@@ -50,7 +51,7 @@ namespace Parameters {
 struct RefersToNothing {
     template <class Body, class Visit> static void dependenciesOfSchema(Body& /*body*/, const Visit& /*visit*/) {}
     template <class Object>
-    static void addDependencies(const Object& /*object*/, std::set<std::string>& /*result*/,
+    static void addDependencies(const Object& /*object*/, DependencyCollector& /*result*/,
                                 const Units::UnitsEngine& /*units*/, const StoreList<Category>& /*categories*/) {}
 };
 
@@ -116,8 +117,8 @@ struct StringRangeKind : StandsAlone {
     static constexpr std::string_view name = KindNames::stringRange;
 
     static std::optional<Body> read(const SchemaDocument& document) { return readStringRangeSchema(document); }
-    template <class Scope> static Object resolve(std::string_view typeId, const Body& body, const Scope& /*scope*/) {
-        return resolveStringRange(typeId, body);
+    template <class Scope> static Object resolve(std::string_view typeId, Body body, const Scope& /*scope*/) {
+        return resolveStringRange(typeId, std::move(body));
     }
     template <class Scope> static Object validated(const Object& range, const Scope& /*scope*/) {
         return validatedStringRange(range);
@@ -169,7 +170,7 @@ struct CategoryKind : RefersToNoUnits, ConvertsByFormat {
     template <class Visit> static void dependenciesOfSchema(Body& body, const Visit& visit) {
         dependenciesOfCategorySchema(body, visit);
     }
-    static void addDependencies(const Object& category, std::set<std::string>& result,
+    static void addDependencies(const Object& category, DependencyCollector& result,
                                 const Units::UnitsEngine& /*units*/, const StoreList<Category>& categories) {
         dependenciesOfCategory(category, result, categories);
     }
@@ -201,7 +202,7 @@ struct SpecKind {
     template <class Visit> static void unitDependenciesOfSchema(Body& body, const Visit& visit) {
         unitDependenciesOfSpecSchema(body, visit);
     }
-    static void addDependencies(const Object& spec, std::set<std::string>& result, const Units::UnitsEngine& units,
+    static void addDependencies(const Object& spec, DependencyCollector& result, const Units::UnitsEngine& units,
                                 const StoreList<Category>& /*categories*/) {
         dependenciesOfSpec(spec, result, units);
     }
@@ -229,7 +230,7 @@ struct ParameterKind : RefersToNoUnits {
     template <class Visit> static void dependenciesOfSchema(Body& body, const Visit& visit) {
         dependenciesOfParameterSchema(body, visit);
     }
-    static void addDependencies(const Object& parameter, std::set<std::string>& result, const Units::UnitsEngine& units,
+    static void addDependencies(const Object& parameter, DependencyCollector& result, const Units::UnitsEngine& units,
                                 const StoreList<Category>& categories) {
         dependenciesOfParameter(parameter, result, units, categories);
     }
@@ -270,7 +271,7 @@ template <class Kind>
 using VisitTextsResult = decltype(Kind::visitTexts(std::declval<typename Kind::Body&>(), AnyVisit()));
 template <class Kind>
 using AddDependenciesResult =
-    decltype(Kind::addDependencies(std::declval<const typename Kind::Object&>(), std::declval<std::set<std::string>&>(),
+    decltype(Kind::addDependencies(std::declval<const typename Kind::Object&>(), std::declval<DependencyCollector&>(),
                                    std::declval<const Units::UnitsEngine&>(),
                                    std::declval<const StoreList<Category>&>()));
 template <class Kind>

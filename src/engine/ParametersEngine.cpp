@@ -44,6 +44,7 @@ ParametersEngine& ParametersEngine::operator=(const ParametersEngine& other) {
         impl_->units = std::move(copy->units);
         impl_->primary = std::move(copy->primary);
         impl_->imported = std::move(copy->imported);
+        impl_->listed = std::move(copy->listed);
     } else {
         impl_ = std::move(copy);
     }

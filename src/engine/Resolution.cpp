@@ -137,6 +137,7 @@ void stageAll(Registry& primary, const Registry& imported, const Units::UnitsEng
 void ParametersEngine::resolveSchemas() {
     Registry& primary = impl_->primary;
     Registry imported = std::exchange(impl_->imported, {});
+    impl_->listed.clear();
     withUnitsValidation([&] {
         impl_->units.resolveSchemas();
         try {

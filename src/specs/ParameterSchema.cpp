@@ -227,16 +227,16 @@ Parameter resolveParameter(std::string_view typeId, const ParameterSchema& schem
                                       std::move(range), schema.readOnly);
 }
 
-void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,
+void dependenciesOfParameter(const Parameter& parameter, DependencyCollector& result,
                              const Units::UnitsEngine& unitsEngine, const StoreList<Category>& categoryStores) {
-    result.insert(typeIdOf(parameter.getGroup()));
-    result.insert(parameter.getSpec().getTypeId());
+    result.add(typeIdOf(parameter.getGroup()));
+    result.add(parameter.getSpec().getTypeId());
     dependenciesOfSpec(parameter.getSpec(), result, unitsEngine);
     std::visit(
         [&](const auto& range) {
             using Range = std::decay_t<decltype(range)>;
             if constexpr (!std::is_same_v<Range, std::monostate>) {
-                result.insert(typeIdOf(range));
+                result.add(typeIdOf(range));
             }
             if constexpr (std::is_same_v<Range, Category>) {
                 dependenciesOfCategory(range, result, categoryStores);

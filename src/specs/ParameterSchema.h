@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DependencyCollector.h"
 #include "schema/DataModels.h"
 #include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
@@ -80,7 +81,7 @@ template <class Visit> void visitTexts(ParameterSchema& schema, const Visit& vis
 }
 
 /// Adds the typeids that a finished parameter depends on, those of its spec and its category included.
-void dependenciesOfParameter(const Parameter& parameter, std::set<std::string>& result,
+void dependenciesOfParameter(const Parameter& parameter, DependencyCollector& result,
                              const Units::UnitsEngine& unitsEngine, const StoreList<Category>& categoryStores);
 
 void writeParameterSchema(const Parameter& parameter, JSON::Writer& target, DataModelVersion version);

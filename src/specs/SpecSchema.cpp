@@ -243,12 +243,15 @@ Spec resolveSpec(std::string_view typeId, SpecSchema schema, const StoreList<Tax
                                  complex != nullptr ? complex->context : Context::Single);
 }
 
-void dependenciesOfSpec(const Spec& spec, std::set<std::string>& result, const Units::UnitsEngine& unitsEngine) {
-    result.insert(typeIdOf(spec.getDiscipline()));
+void dependenciesOfSpec(const Spec& spec, DependencyCollector& result, const Units::UnitsEngine& unitsEngine) {
+    if (!result.beginList(spec)) {
+        return;
+    }
+    result.add(typeIdOf(spec.getDiscipline()));
     const auto addUnit = [&](const Units::Unit& unit) {
         const std::string typeId = unit.getTypeId();
-        result.insert(typeId);
-        result.merge(askUnits(typeId, [&] { return unitsEngine.getDependencies(typeId); }));
+        result.add(typeId);
+        result.typeIds.merge(askUnits(typeId, [&] { return unitsEngine.getDependencies(typeId); }));
     };
     if (const auto& measurable = spec.getMeasurable()) {
         addUnit(measurable->getStorageUnit());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DependencyCollector.h"
 #include "base/StoreList.h"
 #include "schema/DataModels.h"
 #include "schema/JSONWriter.h"
@@ -72,7 +73,7 @@ template <class Visit> void visitTexts(SpecSchema& schema, const Visit& visit) {
 }
 
 /// Adds the typeids that a finished spec depends on.
-void dependenciesOfSpec(const Spec& spec, std::set<std::string>& result, const Units::UnitsEngine& unitsEngine);
+void dependenciesOfSpec(const Spec& spec, DependencyCollector& result, const Units::UnitsEngine& unitsEngine);
 
 /// The versions of a spec as a parameter on it sees them.
 [[nodiscard]] Conversion conversionOfSpec(const Spec& spec);

@@ -77,11 +77,11 @@ void writeCategorySchema(const Category& category, JSON::Writer& target, DataMod
     });
 }
 
-void dependenciesOfCategory(const Category& category, std::set<std::string>& result,
+void dependenciesOfCategory(const Category& category, DependencyCollector& result,
                             const StoreList<Category>& categoryStores) {
     const Category* major = &category;
     if (const std::string* parent = parentOf(category)) {
-        result.insert(*parent);
+        result.add(*parent);
         major = categoryStores.find(*parent);
         if (major == nullptr) {
             throw std::out_of_range("Could not find parent category with typeid " + *parent + ".");
@@ -90,10 +90,13 @@ void dependenciesOfCategory(const Category& category, std::set<std::string>& res
             throwParentNotMajor(*parent, typeIdOf(category));
         }
     }
+    if (!result.beginList(*major)) {
+        return;
+    }
     const auto& component = std::get<MajorCategoryComponent>(Internals::dataOf(*major).component);
-    result.insert(typeIdOf(CategoryInternals::domainOf(component)));
+    result.add(typeIdOf(CategoryInternals::domainOf(component)));
     for (const Taxon& discipline : CategoryInternals::disciplinesOf(component)) {
-        result.insert(typeIdOf(discipline));
+        result.add(typeIdOf(discipline));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DependencyCollector.h"
 #include "base/StoreList.h"
 #include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
@@ -64,7 +65,7 @@ template <class Visit> void visitTexts(CategorySchema& schema, const Visit& visi
 
 /// Adds the typeids that a finished category depends on, those of a subcategory's parent included. A parent that the
 /// store does not hold gives std::out_of_range.
-void dependenciesOfCategory(const Category& category, std::set<std::string>& result,
+void dependenciesOfCategory(const Category& category, DependencyCollector& result,
                             const StoreList<Category>& categoryStores);
 
 } // namespace Parameters

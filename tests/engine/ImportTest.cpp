@@ -80,6 +80,37 @@ TEST(ImportTest, KeepsWhatItHasCopiedBeforeACopyThatIsRefused) {
     }
 }
 
+TEST(ImportTest, WalksAgainWhatIsNoLongerHere) {
+    const auto sub = [](const std::string& typeId, const std::string& parent) {
+        return shortForm(typeId, "quovanta.talmo.category:subCategory-1.0.0",
+                         nameConstant("Sub") + "," + reference("parent", parent));
+    };
+    ParametersEngine context = parameterFixture();
+    context.registerDiscipline({"taught", "Taught", {}});
+    context.registerCategory(
+        {"top", "Top", MajorCategoryComponent(context.getDomain("o"), {context.getDiscipline("taught")}), {}});
+    for (const std::string typeId : {"first", "second"}) {
+        context.registerCategory({typeId, "C", SubCategoryComponent("top"), {}});
+    }
+    ParametersEngine engine;
+    // Hides the parent from the closure, but not what it lists.
+    engine.registerSchema(group("top", "Own"));
+    engine.registerSchemaWithContext(sub("x", "first"), context);
+    EXPECT_TRUE(engine.isRegistered("first") && engine.isRegistered("taught"));
+
+    ParametersEngine assigned = engine;
+    assigned = ParametersEngine();
+    assigned.registerSchema(group("top", "Own"));
+    EXPECT_THROWS(engine.resolveSchemas(), ValidationException,
+                  "Parent first of subcategory x is not a major category.");
+    EXPECT_FALSE(engine.isRegistered("taught"));
+    engine.registerSchema(group("top", "Own"));
+    for (ParametersEngine* each : {&engine, &assigned}) {
+        each->registerSchemaWithContext(sub("y", "second"), context);
+        EXPECT_TRUE(each->isRegistered("second") && each->isRegistered("taught"));
+    }
+}
+
 TEST(ImportTest, GivesWayToWhatIsRegisteredLaterWhateverItsKind) {
     ParametersEngine engine;
     engine.registerSchemaWithContext(ranged("group", "Bool"), parameterFixture());
