@@ -1,6 +1,7 @@
 // Measures what a host pays at its start, each figure as a ratio to a floor that is measured in the same run.
 
 #include "CatalogGenerator.h"
+#include "GrowthBench.h"
 
 #include <Parameters/ParametersEngine.h>
 
@@ -342,9 +343,34 @@ void writeReport(const std::string& folder, const std::vector<std::size_t>& size
     }
 }
 
+/// How many times as long the work on four times an input takes.
+void writeGrowth(const std::string& folder, const std::map<std::string, double>& medians) {
+    std::ofstream table(folder + "/growth.md");
+    char line[256];
+    std::snprintf(line, sizeof line, "| work | size | milliseconds | of %zu times the size | as many times | goal |",
+                  Bench::growthFactor);
+    table << line << "\n|---|--:|--:|--:|--:|--:|\n";
+    for (const Bench::Growth& growth : Bench::growths()) {
+        const double once = medians.at(fullName(growth.name, growth.size));
+        const double larger = medians.at(fullName(growth.name, Bench::growthFactor * growth.size));
+        std::snprintf(line, sizeof line, "| %s | %zu | %.1f | %.1f | %.1f | below %.0f |", growth.name, growth.size,
+                      once, larger, larger / once, Bench::growthGoal);
+        std::printf("%s\n", line);
+        table << line << '\n';
+    }
+}
+
+benchmark::internal::Benchmark* add(const std::string& name, const std::function<void(benchmark::State&)>& run) {
+    return benchmark::RegisterBenchmark(name.c_str(), run)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Repetitions(5)
+        ->ReportAggregatesOnly();
+}
+
 } // namespace
 
-// EngineBench FOLDER SIZE...: writes table.md and cost.dat into the folder.
+// EngineBench FOLDER SIZE...: writes table.md, growth.md and cost.dat into the folder.
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (argc < 3) {
@@ -357,16 +383,23 @@ int main(int argc, char** argv) {
     }
     for (const std::size_t size : sizes) {
         for (const Measurement& measurement : measurements) {
-            benchmark::RegisterBenchmark(fullName(measurement.name, size).c_str(),
-                                         [&, size](benchmark::State& state) { measurement.run(fixture(size), state); })
-                ->Unit(benchmark::kMillisecond)
-                ->UseRealTime()
-                ->Repetitions(5)
-                ->ReportAggregatesOnly();
+            add(fullName(measurement.name, size),
+                [&, size](benchmark::State& state) { measurement.run(fixture(size), state); });
+        }
+    }
+    for (const Bench::Growth& growth : Bench::growths()) {
+        for (const std::size_t size : {growth.size, Bench::growthFactor * growth.size}) {
+            add(fullName(growth.name, size), [&, size](benchmark::State& state) {
+                const auto work = growth.prepare(size);
+                for ([[maybe_unused]] auto iteration : state) {
+                    work();
+                }
+            });
         }
     }
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     writeReport(argv[1], sizes, reporter.medians);
+    writeGrowth(argv[1], reporter.medians);
     return EXIT_SUCCESS;
 }

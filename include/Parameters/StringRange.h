@@ -49,7 +49,8 @@ public:
 
 private:
     friend struct StringRangeInternals;
-    std::vector<std::string> allowedValues_;
+    /// One behind the other, each behind its size: a string of its own for each would take many times its characters.
+    std::string packedValues_;
 };
 
 /// A limit on strings: a set of values, a regular expression, or none.

@@ -3,7 +3,7 @@
 #include <Parameters/Exceptions.h>
 
 #include <algorithm>
-#include <cassert>
+#include <new>
 
 namespace Parameters {
 
@@ -55,10 +55,13 @@ void Registry::dropPending() noexcept {
         items.clearPending();
     });
     pendingTexts_ = {};
-    if (texts_.usedSize() == 0) {
-        texts_ = {};
-    }
     index_.eraseIf(first, [](const ItemLocation& location) { return location.isPending; });
+    try {
+        index_.shrink();
+        compact();
+    } catch (const std::bad_alloc&) {
+        // It keeps more memory than it needs, until it is dropped from again.
+    }
 }
 
 void Registry::takeFinished(Registry& other) noexcept {
@@ -75,13 +78,11 @@ void Registry::takeFinished(Registry& other) noexcept {
     }
 }
 
-/// Lets go of the texts of dropped items if they are too many.
+/// Lets go of the texts of dropped items if they are too many. Nothing is pending then.
 void Registry::compact() {
-    // Only dropping what is pending discards texts, and the next addition sees it: nothing is pending here.
     if (!texts_.isMostlyDiscarded(index_.size())) {
         return;
     }
-    assert(!AllKinds::any([&](auto kind) { return !store<decltype(kind)>().pending.empty(); }));
     TextArena texts;
     texts.reserve(texts_.usedSize());
     AllKinds::forEach([&](auto kind) {

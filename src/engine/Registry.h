@@ -87,12 +87,10 @@ private:
 template <class Kind> void Registry::addObject(typename Kind::Object object, std::string_view text) {
     const TypeIdKey key(typeIdOf(object));
     requireAbsent(key);
-    compact();
     add<Kind>(store<Kind>().finished, key, {std::move(object), text});
 }
 
 template <class Kind> void Registry::addPending(const TypeIdKey& key, typename Kind::Body body, std::string_view text) {
-    compact();
     std::size_t size = 0;
     Kind::visitTexts(body, [&](std::string_view part) { size += isPartOf(part, text) ? 0 : part.size(); });
     pendingTexts_.reserve(size);

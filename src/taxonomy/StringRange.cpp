@@ -4,7 +4,7 @@
 
 #include <Parameters/Exceptions.h>
 
-#include <set>
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -16,12 +16,53 @@ RegexStringRangeComponent::~RegexStringRangeComponent() = default;
 
 std::string RegexStringRangeComponent::getRegex() const { return regex_; }
 
-SetStringRangeComponent::SetStringRangeComponent(const std::vector<std::string>& allowedValues)
-    : allowedValues_(allowedValues) {}
+SetStringRangeComponent::SetStringRangeComponent(const std::vector<std::string>& allowedValues) {
+    for (const std::string& value : allowedValues) {
+        StringRangeInternals::addValue(*this, value);
+    }
+}
 
 SetStringRangeComponent::~SetStringRangeComponent() = default;
 
-std::vector<std::string> SetStringRangeComponent::getAllowedValues() const { return allowedValues_; }
+std::vector<std::string> SetStringRangeComponent::getAllowedValues() const {
+    const auto values = StringRangeInternals::valuesOf(*this);
+    return {values.begin(), values.end()};
+}
+
+namespace {
+
+// A size is packed in characters of seven bits, lowest first; all but the last have the highest bit set.
+constexpr unsigned sizeBits = 7;
+constexpr unsigned moreFlag = 1U << sizeBits;
+
+} // namespace
+
+void StringRangeInternals::addValue(SetStringRangeComponent& component, std::string_view value) {
+    std::string& packed = component.packedValues_;
+    std::size_t size = value.size();
+    for (; size >= moreFlag; size >>= sizeBits) {
+        packed.push_back(static_cast<char>(size % moreFlag | moreFlag));
+    }
+    packed.push_back(static_cast<char>(size));
+    packed.append(value);
+}
+
+std::vector<std::string_view> StringRangeInternals::valuesOf(const SetStringRangeComponent& component) {
+    std::vector<std::string_view> values;
+    std::string_view rest = component.packedValues_;
+    while (!rest.empty()) {
+        std::size_t size = 0;
+        unsigned character = moreFlag;
+        for (unsigned shift = 0; (character & moreFlag) != 0; shift += sizeBits) {
+            character = static_cast<unsigned char>(rest.front());
+            size |= static_cast<std::size_t>(character % moreFlag) << shift;
+            rest.remove_prefix(1);
+        }
+        values.push_back(rest.substr(0, size));
+        rest.remove_prefix(size);
+    }
+    return values;
+}
 
 StringRange::StringRange()
     : StringRange(std::make_shared<const Data>(Data{std::string(Vocabulary::defaultStringRange.shortFrame),
@@ -63,13 +104,26 @@ bool StringRange::operator==(const StringRange& other) const noexcept { return d
 
 bool StringRange::operator<(const StringRange& other) const noexcept { return data_->typeId < other.data_->typeId; }
 
+std::optional<std::string_view> repeatedValueOf(const SetStringRangeComponent& component) {
+    auto values = StringRangeInternals::valuesOf(component);
+    // They stand one behind the other, which tells equal ones apart.
+    std::sort(values.begin(), values.end(), [](std::string_view left, std::string_view right) {
+        const int order = left.compare(right);
+        return order != 0 ? order < 0 : left.data() < right.data();
+    });
+    std::optional<std::string_view> first;
+    for (std::size_t i = 1; i < values.size(); ++i) {
+        if (values[i] == values[i - 1] && (!first || values[i].data() < first->data())) {
+            first = values[i];
+        }
+    }
+    return first;
+}
+
 StringRange validatedStringRange(const StringRange& range) {
     if (const auto* component = std::get_if<SetStringRangeComponent>(&Internals::dataOf(range).component)) {
-        std::set<std::string_view> seen;
-        for (const std::string& value : StringRangeInternals::allowedValuesOf(*component)) {
-            if (!seen.insert(value).second) {
-                throw ValidationException(concat({"Value ", value, " must appear only once."}));
-            }
+        if (const auto repeated = repeatedValueOf(*component)) {
+            throw ValidationException(concat({"Value ", *repeated, " must appear only once."}));
         }
     }
     return range;

@@ -5,7 +5,8 @@
 #include "schema/Vocabulary.h"
 #include "taxonomy/StringRangeData.h"
 
-#include <set>
+#include <cstdint>
+#include <utility>
 
 namespace Parameters {
 
@@ -14,29 +15,29 @@ namespace {
 constexpr std::string_view allowedValuesKey = "allowedValues";
 constexpr std::string_view regexKey = "regex";
 
-std::vector<std::string> readUniqueStringArray(const JSON& json) {
+SetStringRangeComponent readSet(const JSON& json) {
     if (!json.isArray()) {
         json.fail("Expected an array.");
     }
-    std::set<std::string_view> seen;
-    std::vector<std::string> strings;
-    strings.reserve(json.getSize());
-    for (const JSON& element : json.getArray()) {
-        if (!element.isString()) {
-            json.fail("Expected an array of strings.");
-        }
-        if (!seen.insert(element.getStringView()).second) {
-            json.fail("Expected an array of unique strings.");
-        }
-        strings.push_back(element.getString());
+    SetStringRangeComponent set;
+    std::uint32_t count = 0;
+    for (; count < json.getSize() && json.getElement(count).isString(); ++count) {
+        StringRangeInternals::addValue(set, json.getElement(count).getStringView());
     }
-    return strings;
+    // Of what is wrong with an array that is told which comes first.
+    if (repeatedValueOf(set)) {
+        json.fail("Expected an array of unique strings.");
+    }
+    if (count < json.getSize()) {
+        json.fail("Expected an array of strings.");
+    }
+    return set;
 }
 
-void addStringArray(JSON::Writer& target, std::string_view key, const std::vector<std::string>& strings) {
+void addSet(JSON::Writer& target, std::string_view key, const SetStringRangeComponent& set) {
     target.addArray(key, [&] {
-        for (const std::string& string : strings) {
-            target.addElement(string);
+        for (const std::string_view value : StringRangeInternals::valuesOf(set)) {
+            target.addElement(value);
         }
     });
 }
@@ -45,9 +46,9 @@ void addStringArray(JSON::Writer& target, std::string_view key, const std::vecto
 
 std::optional<StringRangeSchema> readStringRangeSchema(const SchemaDocument& document) {
     if (containsPrefix(document.baseSchema, Vocabulary::setStringRange.prefix)) {
-        const auto values =
-            readConstant<std::vector<std::string>>(document, allowedValuesKey, std::nullopt, readUniqueStringArray);
-        return StringRangeSchema{SetStringRangeComponent(values), document.schemaFormat};
+        return StringRangeSchema{
+            readConstant<SetStringRangeComponent>(document, allowedValuesKey, std::nullopt, readSet),
+            document.schemaFormat};
     }
     if (containsPrefix(document.baseSchema, Vocabulary::regexStringRange.prefix)) {
         return StringRangeSchema{RegexStringRangeComponent(std::string(readAnyStringConstant(document, regexKey))),
@@ -56,9 +57,12 @@ std::optional<StringRangeSchema> readStringRangeSchema(const SchemaDocument& doc
     return std::nullopt;
 }
 
-StringRange resolveStringRange(std::string_view typeId, const StringRangeSchema& schema) {
-    return std::visit([&](const auto& component) { return StringRange(std::string(typeId), component, schema.format); },
-                      schema.component);
+StringRange resolveStringRange(std::string_view typeId, StringRangeSchema schema) {
+    return std::visit(
+        [&](auto& component) {
+            return Internals::make<StringRange>(std::string(typeId), std::move(component), schema.format);
+        },
+        schema.component);
 }
 
 void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, DataModelVersion version) {
@@ -68,7 +72,7 @@ void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, Data
             addVersionedFrame(target, data.typeId, Vocabulary::setStringRange, data.schemaFormat, version);
         addConstants(target, [&] {
             createMember(target, allowedValuesKey, [&] {
-                addStringArray(target, Frame::value, StringRangeInternals::allowedValuesOf(*set));
+                addSet(target, Frame::value, *set);
                 if (typed) {
                     addTypeId(target, PrimitiveTypeNames::string);
                 }
@@ -86,15 +90,15 @@ void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, Data
 
 StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value, Units::SchemaFormat format) {
     if (containsPrefix(baseTypeId, Vocabulary::setStringRange.prefix)) {
-        std::vector<std::string> strings;
+        SetStringRangeComponent set;
         if (value.hasMember(allowedValuesKey)) {
-            strings = readUniqueStringArray(value.getMember(allowedValuesKey));
+            set = readSet(value.getMember(allowedValuesKey));
         }
-        if (strings.empty()) {
+        if (StringRangeInternals::isEmpty(set)) {
             value.fail("Inline value override in range constant typedValue must specify a non-empty array of unique "
                        "string values for constant allowedValues.");
         }
-        return {SetStringRangeComponent(strings), format};
+        return {set, format};
     }
     if (containsPrefix(baseTypeId, Vocabulary::regexStringRange.prefix)) {
         if (!value.hasMember(regexKey)) {
@@ -113,13 +117,12 @@ StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value
 void writeStringRangeConstant(JSON::Writer& target, const StringRange& range, DataModelVersion version) {
     const auto& data = Internals::dataOf(range);
     if (const auto* set = std::get_if<SetStringRangeComponent>(&data.component)) {
-        const std::vector<std::string>& values = StringRangeInternals::allowedValuesOf(*set);
-        if (values.empty()) {
+        if (StringRangeInternals::isEmpty(*set)) {
             return;
         }
         createRangeConstant(target, Vocabulary::setStringRange, data.typeId,
                             beginsWithPrefix(data.typeId, Vocabulary::setStringRange.prefix), version,
-                            [&] { addStringArray(target, allowedValuesKey, values); });
+                            [&] { addSet(target, allowedValuesKey, *set); });
     } else if (const auto* regex = std::get_if<RegexStringRangeComponent>(&data.component)) {
         // Unlike the set, and unlike the typeid below, this looks for the prefix anywhere.
         createRangeConstant(target, Vocabulary::regexStringRange, data.typeId,

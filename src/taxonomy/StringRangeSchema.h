@@ -23,7 +23,7 @@ struct StringRangeSchema {
 /// No value if the document is no string range. There are no documents of the default string range.
 [[nodiscard]] std::optional<StringRangeSchema> readStringRangeSchema(const SchemaDocument& document);
 
-[[nodiscard]] StringRange resolveStringRange(std::string_view typeId, const StringRangeSchema& schema);
+[[nodiscard]] StringRange resolveStringRange(std::string_view typeId, StringRangeSchema schema);
 
 void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, DataModelVersion version);
 

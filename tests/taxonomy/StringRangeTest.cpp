@@ -30,6 +30,16 @@ TEST(StringRangeTest, ReportsItsFirstFault) {
     EXPECT_THROWS(ParametersEngine().registerStringRange(twice), ValidationException, "Value a must appear only once.");
 }
 
+TEST(StringRangeTest, HoldsValuesOfAllSizes) {
+    std::vector<std::string> values = {"", "a", std::string("\0b", 2)};
+    for (const std::size_t size : {127, 128, 129, 16383, 16384, 3000000}) {
+        values.emplace_back(size, '\xff');
+    }
+    ParametersEngine engine;
+    engine.registerStringRange({"x", SetStringRangeComponent(values), {}});
+    EXPECT_EQ(engine.getStringRange("x").getSetStringRangeComponent()->getAllowedValues(), values);
+}
+
 TEST(StringRangeTest, HoldsLargeSets) {
     std::string values = R"([""])";
     for (int number = 0; number < 100000; ++number) {
