@@ -296,16 +296,6 @@ bool JSON::hasMember(std::string_view key) const noexcept { return Access::find(
 
 JSON JSON::getMember(std::string_view key) const { return {Access::find(*this, key), exceptionFactory_}; }
 
-std::vector<JSON> JSON::getArray() const {
-    const Value& array = Access::value(*this);
-    std::vector<JSON> views;
-    views.reserve(array.Size());
-    for (const Value& element : array.GetArray()) {
-        views.push_back(JSON(&element, exceptionFactory_));
-    }
-    return views;
-}
-
 JSON JSON::getElement(std::uint32_t index) const { return {&Access::value(*this)[index], exceptionFactory_}; }
 
 std::map<std::string_view, std::string_view> JSON::getStringMap() const {

@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace Parameters {
 
@@ -78,9 +77,7 @@ public:
     [[nodiscard]] JSON getMember(std::string_view key) const;
     /// Of a view that getMember() gave: whether there is such a member.
     [[nodiscard]] bool exists() const noexcept { return viewed_ != nullptr; }
-    /// One view an element.
-    [[nodiscard]] std::vector<JSON> getArray() const;
-    /// A view of one element, without the vector.
+    /// A view of one element.
     [[nodiscard]] JSON getElement(std::uint32_t index) const;
     /// Keys and values of an object of strings; the last of several members of one name counts. They are valid as those
     /// of getStringView().

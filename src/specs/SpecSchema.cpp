@@ -49,8 +49,8 @@ std::vector<std::string> readTypeIdObjects(const JSON& json, bool (*sizeIsRight)
         json.fail(message);
     }
     std::vector<std::string> typeIds;
-    for (const JSON& element : json.getArray()) {
-        const auto typeId = readTypeIdAttribute(element);
+    for (std::uint32_t i = 0; i < json.getSize(); ++i) {
+        const auto typeId = readTypeIdAttribute(json.getElement(i));
         if (!typeId) {
             json.fail(message);
         }

@@ -95,7 +95,9 @@ EnumerationParameterSchema readEnumerationParameterSchema(const SchemaDocument& 
         document.fail(concat({"Enumeration parameter schema ", document.typeId, " has an undefined spec constant."}));
     }
     // The map of constants holds values, but here the member's own "typeid" counts.
-    for (const JSON& member : document.root.getMember(Frame::constants).getArray()) {
+    const JSON constants = document.root.getMember(Frame::constants);
+    for (std::uint32_t i = 0; i < constants.getSize(); ++i) {
+        const JSON member = constants.getElement(i);
         if (member.getMember(Frame::id).getStringView() == "spec") {
             schema.spec = readSpecMember(document, member);
         }

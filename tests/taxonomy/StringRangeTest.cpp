@@ -32,7 +32,7 @@ TEST(StringRangeTest, ReportsItsFirstFault) {
 
 TEST(StringRangeTest, HoldsValuesOfAllSizes) {
     std::vector<std::string> values = {"", "a", std::string("\0b", 2)};
-    for (const std::size_t size : {127, 128, 129, 16383, 16384, 3000000}) {
+    for (const std::size_t size : std::initializer_list<std::size_t>{127, 128, 129, 16383, 16384, 3000000}) {
         values.emplace_back(size, '\xff');
     }
     ParametersEngine engine;
