@@ -347,7 +347,7 @@ void writeReport(const std::string& folder, const std::vector<std::size_t>& size
 void writeGrowth(const std::string& folder, const std::map<std::string, double>& medians) {
     std::ofstream table(folder + "/growth.md");
     char line[256];
-    std::snprintf(line, sizeof line, "| work | size | milliseconds | of %zu times the size | as many times | goal |",
+    std::snprintf(line, sizeof line, "| work | size | ms | ms at %zu times the size | ratio | goal |",
                   Bench::growthFactor);
     table << line << "\n|---|--:|--:|--:|--:|--:|\n";
     for (const Bench::Growth& growth : Bench::growths()) {
