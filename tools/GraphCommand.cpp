@@ -1,7 +1,7 @@
 #include "CommandLine.h"
 #include "Graphviz.h"
 #include "Items.h"
-#include "OutputFolder.h"
+#include "OutputFiles.h"
 #include "References.h"
 #include "Text.h"
 
@@ -56,7 +56,7 @@ Status graph(const GraphOptions& options) {
         fmt::print("{}", dot);
     } else {
         const bool isPicture = std::filesystem::path(options.file).extension() == ".svg";
-        writeFile(options.file, isPicture ? pictureOf(dot, shown.size()) : dot, options.overwrite);
+        writeFiles({{options.file, isPicture ? pictureOf(dot, shown.size()) : dot}}, options.overwrite);
         fmt::print("Wrote {} with {}.\n", printable(options.file), counted(shown.size(), "document"));
     }
     return statusOf(catalog);

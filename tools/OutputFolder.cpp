@@ -5,13 +5,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <memory>
-#include <stdexcept>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 namespace Tool {
@@ -36,41 +30,17 @@ std::string stemOf(std::string_view typeId) {
     return stem;
 }
 
-[[noreturn]] void raiseFileError(const fs::path& file) {
-    const int error = errno;
-    throw std::runtime_error(
-        error == EEXIST ? fmt::format("{} already exists; --force overwrites it.", printable(file.string()))
-                        : fmt::format("{} cannot be written: {}.", printable(file.string()), std::strerror(error)));
-}
-
 } // namespace
-
-void writeFile(const fs::path& file, const std::string& text, bool overwrite) {
-    if (file.has_parent_path()) {
-        std::error_code error;
-        fs::create_directories(file.parent_path(), error);
-        if (error) {
-            throw std::runtime_error(
-                fmt::format("Cannot create folder {}: {}.", printable(file.parent_path().string()), error.message()));
-        }
-    }
-    // Exclusive, so that a file created in the meantime is not overwritten.
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), overwrite ? "wb" : "wbx"),
-                                                           &std::fclose);
-    if (stream == nullptr || std::fwrite(text.data(), 1, text.size(), stream.get()) != text.size() ||
-        std::fclose(stream.release()) != 0) {
-        raiseFileError(file);
-    }
-}
 
 OutputFolder::OutputFolder(fs::path folder, bool overwrite) : folder_(std::move(folder)), overwrite_(overwrite) {}
 
 void OutputFolder::add(const std::string& typeId, std::string text) {
     const std::string stem = stemOf(typeId);
-    std::string name = stem;
     // Some file systems ignore case.
-    for (int number = 2; !usedNames_.insert(lowerCase(name)).second; ++number) {
-        name = fmt::format("{}_{}", stem, number);
+    std::size_t& number = lastNumbers_.try_emplace(lowerCase(stem), 1).first->second;
+    std::string name = stem;
+    while (!usedNames_.insert(lowerCase(name)).second) {
+        name = fmt::format("{}_{}", stem, ++number);
     }
     if (text.back() != '\n') {
         text += '\n';
@@ -78,23 +48,12 @@ void OutputFolder::add(const std::string& typeId, std::string text) {
     outputs_.push_back({folder_ / (name + ".json"), std::move(text)});
 }
 
-void OutputFolder::write() const {
-    for (const Output& output : outputs_) {
-        std::error_code ignored;
-        if (!overwrite_ && fs::exists(fs::symlink_status(output.file, ignored))) {
-            errno = EEXIST;
-            raiseFileError(output.file);
-        }
-    }
-    for (const Output& output : outputs_) {
-        writeFile(output.file, output.text, overwrite_);
-    }
-}
+void OutputFolder::write() const { writeFiles(outputs_, overwrite_); }
 
 std::vector<std::string> OutputFolder::files() const {
     std::vector<std::string> files;
-    for (const Output& output : outputs_) {
-        files.push_back(output.file.string());
+    for (const OutputFile& output : outputs_) {
+        files.push_back(output.path.string());
     }
     return files;
 }

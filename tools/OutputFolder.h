@@ -1,17 +1,15 @@
 #pragma once
 
+#include "OutputFiles.h"
+
 #include <cstddef>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace Tool {
-
-/// Writes a whole file, and creates its folder if needed.
-///
-/// @throws std::runtime_error  the file exists and must not be overwritten, or cannot be written.
-void writeFile(const std::filesystem::path& file, const std::string& text, bool overwrite);
 
 /// Writes documents to a folder, one file each, named after their typeids.
 class OutputFolder {
@@ -23,7 +21,7 @@ public:
 
     /// Writes all documents, or none if a file is in the way.
     ///
-    /// @throws std::runtime_error  as writeFile().
+    /// @throws std::runtime_error  as writeFiles().
     void write() const;
 
     [[nodiscard]] std::vector<std::string> files() const;
@@ -31,14 +29,11 @@ public:
     [[nodiscard]] std::string name() const { return folder_.string(); }
 
 private:
-    struct Output {
-        std::filesystem::path file;
-        std::string text;
-    };
-
     std::filesystem::path folder_;
     bool overwrite_;
-    std::vector<Output> outputs_;
+    std::vector<OutputFile> outputs_;
+    /// Of each stem that has been used.
+    std::map<std::string, std::size_t> lastNumbers_;
     std::set<std::string> usedNames_;
 };
 
