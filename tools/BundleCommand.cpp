@@ -12,7 +12,7 @@ namespace Tool {
 namespace {
 
 struct BundleOptions {
-    std::vector<std::string> paths;
+    Sources sources;
     std::string typeId;
     std::string folder;
     bool overwrite = false;
@@ -32,7 +32,7 @@ std::set<std::string> closureOf(const Parameters::ParametersEngine& engine, cons
 }
 
 Status bundle(const BundleOptions& options) {
-    const Catalog catalog = loadForUse(options.paths);
+    const Catalog catalog = loadForUse(options.sources);
     positionOf(catalog, options.typeId);
     OutputFolder output(options.folder, options.overwrite);
     for (const std::string& typeId : closureOf(catalog.engine, options.typeId)) {
@@ -40,7 +40,7 @@ Status bundle(const BundleOptions& options) {
     }
     output.write();
 
-    const Catalog written = loadForUse(output.files());
+    const Catalog written = loadForUse({output.files()});
     if (statusOf(written) != Status::Success) {
         printError(fmt::format("The documents in {} do not load on their own.", printable(output.name())));
         return statusOf(written) | Status::Failure;
@@ -55,7 +55,7 @@ Status bundle(const BundleOptions& options) {
 void addBundle(CLI::App& app, Status& status) {
     auto* command = app.add_subcommand("bundle", "Write a document and everything it needs to a folder");
     auto options = std::make_shared<BundleOptions>();
-    addPaths(*command, options->paths);
+    addSources(*command, options->sources);
     addTypeId(*command, options->typeId)->required();
     addOutputFolder(*command, options->folder, options->overwrite);
     command->callback([options, &status] { status = bundle(*options); });

@@ -186,10 +186,11 @@ bool isBuiltIn(const std::string& typeId) {
     return builtInsAlone.isRegistered(typeId);
 }
 
-Catalog loadCatalog(const std::vector<std::string>& paths) {
+Catalog loadCatalog(const Sources& sources) {
     Catalog catalog;
-    DocumentFiles files = readDocumentFiles(paths);
+    DocumentFiles files = readDocumentFiles(sources);
     catalog.unreadable = std::move(files.unreadable);
+    catalog.skippedLinks = files.skippedLinks;
     catalog.documents.reserve(files.documents.size());
     Progress progress("Registering", files.documents.size());
     for (DocumentText& source : files.documents) {

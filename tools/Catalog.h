@@ -56,12 +56,14 @@ struct Catalog {
     std::vector<Error> blocked;
     /// One message per path that could not be read.
     std::vector<std::string> unreadable;
+    /// Links in folders that were not followed.
+    std::size_t skippedLinks = 0;
 };
 
 /// Whether a typeid is built into the library.
 bool isBuiltIn(const std::string& typeId);
 
-Catalog loadCatalog(const std::vector<std::string>& paths);
+Catalog loadCatalog(const Sources& sources);
 
 /// FILE[:LINE]: message
 std::string formatError(const Catalog& catalog, const Error& error);

@@ -36,11 +36,9 @@ void printSummary(const Catalog& catalog) {
                catalog.blocked.empty() ? "" : fmt::format("; {} more not loaded", catalog.blocked.size()));
 }
 
-Status check(const std::vector<std::string>& paths) {
-    const Catalog catalog = loadCatalog(paths);
-    for (const std::string& message : catalog.unreadable) {
-        printError(message);
-    }
+Status check(const Sources& sources) {
+    const Catalog catalog = loadCatalog(sources);
+    printUnread(catalog);
     for (const auto* errors : {&catalog.errors, &catalog.blocked}) {
         for (const Error& error : *errors) {
             fmt::print("{}\n", formatError(catalog, error));
@@ -57,9 +55,9 @@ Status check(const std::vector<std::string>& paths) {
 
 void addCheck(CLI::App& app, Status& status) {
     auto* command = app.add_subcommand("check", "Report all errors in a catalog");
-    auto paths = std::make_shared<std::vector<std::string>>();
-    addPaths(*command, *paths);
-    command->callback([paths, &status] { status = check(*paths); });
+    auto sources = std::make_shared<Sources>();
+    addSources(*command, *sources);
+    command->callback([sources, &status] { status = check(*sources); });
 }
 
 } // namespace Tool

@@ -3,19 +3,22 @@
 #include "Items.h"
 #include "Text.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 namespace Tool {
 
 Status operator|(Status left, Status right) { return std::max(left, right); }
 
-void addPaths(CLI::App& command, std::vector<std::string>& paths) {
+void addSources(CLI::App& command, Sources& sources) {
     command
         .add_option(
-            "PATH", paths,
+            "PATH", sources.paths,
             ".json files (one document each), .jsonl files (one document per line), or folders, searched recursively")
         ->type_name("")
         ->required();
+    command.add_flag("--follow", sources.followsLinks, "Follow symbolic links in folders");
 }
 
 CLI::Option* addTypeId(CLI::App& command, std::string& typeId) {
@@ -42,11 +45,19 @@ Parameters::DataModelVersion versionOf(const std::string& text) {
     return static_cast<Parameters::DataModelVersion>(position - versionTexts.begin());
 }
 
-Catalog loadForUse(const std::vector<std::string>& paths) {
-    Catalog catalog = loadCatalog(paths);
+void printUnread(const Catalog& catalog) {
     for (const std::string& message : catalog.unreadable) {
         printError(message);
     }
+    if (catalog.skippedLinks != 0) {
+        printError(fmt::format("{} skipped; --follow reads what links in folders lead to.",
+                               counted(catalog.skippedLinks, "link")));
+    }
+}
+
+Catalog loadForUse(const Sources& sources) {
+    Catalog catalog = loadCatalog(sources);
+    printUnread(catalog);
     for (const auto* errors : {&catalog.errors, &catalog.blocked}) {
         for (const Error& error : *errors) {
             printError(formatError(catalog, error));

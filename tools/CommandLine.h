@@ -24,15 +24,18 @@ Status operator|(Status left, Status right);
 
 // Options of several commands.
 
-void addPaths(CLI::App& command, std::vector<std::string>& paths);
+void addSources(CLI::App& command, Sources& sources);
 CLI::Option* addTypeId(CLI::App& command, std::string& typeId);
 CLI::Option* addDataModel(CLI::App& command, std::string& version);
 void addOutputFolder(CLI::App& command, std::string& folder, bool& overwrite);
 void addForce(CLI::App& command, bool& overwrite);
 Parameters::DataModelVersion versionOf(const std::string& text);
 
+/// Prints what was not read to standard error.
+void printUnread(const Catalog& catalog);
+
 /// Loads a catalog for a command that works on what is finished, and prints errors to standard error.
-Catalog loadForUse(const std::vector<std::string>& paths);
+Catalog loadForUse(const Sources& sources);
 
 /// The outcome of loading.
 Status statusOf(const Catalog& catalog);

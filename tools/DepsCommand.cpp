@@ -14,7 +14,7 @@ namespace Tool {
 namespace {
 
 struct DepsOptions {
-    std::vector<std::string> paths;
+    Sources sources;
     std::string typeId;
     bool asTree = false;
     bool isReverse = false;
@@ -50,7 +50,7 @@ void printAsTable(const Links& links, const std::map<std::string, Item>& items, 
 }
 
 Status printDependencies(const DepsOptions& options) {
-    const Catalog catalog = loadForUse(options.paths);
+    const Catalog catalog = loadForUse(options.sources);
     positionOf(catalog, options.typeId);
     const auto items = itemsOf(catalog);
     const Links links = options.isReverse ? linksToReferrers(catalog) : linksToReferences(catalog);
@@ -68,7 +68,7 @@ Status printDependencies(const DepsOptions& options) {
 void addDeps(CLI::App& app, Status& status) {
     auto* command = app.add_subcommand("deps", "List what a document needs, or what needs it");
     auto options = std::make_shared<DepsOptions>();
-    addPaths(*command, options->paths);
+    addSources(*command, options->sources);
     addTypeId(*command, options->typeId)->required();
     command->add_flag("--tree", options->asTree, "Print a tree of references");
     command->add_flag("--reverse", options->isReverse, "List what refers to the document instead");

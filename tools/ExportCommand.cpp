@@ -16,7 +16,7 @@ namespace Tool {
 namespace {
 
 struct ExportOptions {
-    std::vector<std::string> paths;
+    Sources sources;
     std::string version;
     std::string folder;
     bool isQuiet = false;
@@ -68,7 +68,7 @@ std::size_t countIncomplete(const Export& result) {
 }
 
 Status exportCatalog(const ExportOptions& options) {
-    const Catalog catalog = loadForUse(options.paths);
+    const Catalog catalog = loadForUse(options.sources);
     OutputFolder output(options.folder, options.overwrite);
     const Export result = addAll(output, catalog, versionOf(options.version));
     output.write();
@@ -96,7 +96,7 @@ void addExport(CLI::App& app, Status& status) {
     auto* command =
         app.add_subcommand("export", "Write a catalog for another data model version and report what is lost");
     auto options = std::make_shared<ExportOptions>();
-    addPaths(*command, options->paths);
+    addSources(*command, options->sources);
     addDataModel(*command, options->version)->required();
     addOutputFolder(*command, options->folder, options->overwrite);
     command->add_flag("--quiet", options->isQuiet, "Do not report what rewriting loses");

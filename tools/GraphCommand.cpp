@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t manyDocuments = 1000;
 
 struct GraphOptions {
-    std::vector<std::string> paths;
+    Sources sources;
     std::string typeId;
     std::string file;
     std::size_t depth = anyDistance;
@@ -48,7 +48,7 @@ std::string pictureOf(const std::string& dot, std::size_t documents) {
 }
 
 Status graph(const GraphOptions& options) {
-    const Catalog catalog = loadForUse(options.paths);
+    const Catalog catalog = loadForUse(options.sources);
     const Links references = linksToReferences(catalog);
     const auto shown = documentsToShow(catalog, references, options);
     const std::string dot = dotText(itemsOf(catalog), references, shown);
@@ -77,7 +77,7 @@ std::string validateDepth(const std::string& depth) {
 void addGraph(CLI::App& app, Status& status) {
     auto* command = app.add_subcommand("graph", "Draw references between documents, as Graphviz text or as a picture");
     auto options = std::make_shared<GraphOptions>();
-    addPaths(*command, options->paths);
+    addSources(*command, options->sources);
     auto* typeId = addTypeId(*command, options->typeId)->description("Draw only this document and what it needs");
     command->add_flag("--reverse", options->isReverse, "Draw what refers to the document instead")->needs(typeId);
     command->add_option("--depth", options->depth, "Draw only what is at most this many references away")

@@ -13,7 +13,7 @@ namespace Tool {
 namespace {
 
 struct ListOptions {
-    std::vector<std::string> paths;
+    Sources sources;
     std::string kind;
     bool asJson = false;
 };
@@ -62,7 +62,7 @@ void printAsJson(const std::vector<Entry>& entries) {
 }
 
 Status list(const ListOptions& options) {
-    const Catalog catalog = loadForUse(options.paths);
+    const Catalog catalog = loadForUse(options.sources);
     const std::vector<Entry> entries = entriesOf(catalog, options.kind);
     if (options.asJson) {
         printAsJson(entries);
@@ -77,7 +77,7 @@ Status list(const ListOptions& options) {
 void addList(CLI::App& app, Status& status) {
     auto* command = app.add_subcommand("list", "List the documents of a catalog with their names and versions");
     auto options = std::make_shared<ListOptions>();
-    addPaths(*command, options->paths);
+    addSources(*command, options->sources);
     command->add_option("--kind", options->kind, "List only documents of this kind")
         ->check(CLI::IsMember(kindNames()))
         ->type_name("KIND");

@@ -11,14 +11,14 @@ namespace Tool {
 namespace {
 
 struct SchemaOptions {
-    std::vector<std::string> paths;
+    Sources sources;
     std::string typeId;
     std::string version;
     bool isPretty = false;
 };
 
 Status printSchema(const SchemaOptions& options) {
-    const Catalog catalog = loadForUse(options.paths);
+    const Catalog catalog = loadForUse(options.sources);
     positionOf(catalog, options.typeId);
     std::string text;
     try {
@@ -42,7 +42,7 @@ void addSchema(CLI::App& app, Status& status) {
     auto* command =
         app.add_subcommand("schema", "Print the text of a document, as registered or for another data model version");
     auto options = std::make_shared<SchemaOptions>();
-    addPaths(*command, options->paths);
+    addSources(*command, options->sources);
     addTypeId(*command, options->typeId)->required();
     addDataModel(*command, options->version);
     command->add_flag("--pretty", options->isPretty, "Indent the text");

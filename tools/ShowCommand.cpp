@@ -200,12 +200,12 @@ Tree describe(const Catalog& catalog, const std::map<std::string, Item>& items, 
 }
 
 struct ShowOptions {
-    std::vector<std::string> paths;
+    Sources sources;
     std::string typeId;
 };
 
 Status show(const ShowOptions& options) {
-    const Catalog catalog = loadForUse(options.paths);
+    const Catalog catalog = loadForUse(options.sources);
     positionOf(catalog, options.typeId);
     printTree(describe(catalog, itemsOf(catalog), options.typeId));
     return statusOf(catalog);
@@ -216,7 +216,7 @@ Status show(const ShowOptions& options) {
 void addShow(CLI::App& app, Status& status) {
     auto* command = app.add_subcommand("show", "Show a document and what it refers to as a tree");
     auto options = std::make_shared<ShowOptions>();
-    addPaths(*command, options->paths);
+    addSources(*command, options->sources);
     addTypeId(*command, options->typeId)->required();
     command->callback([options, &status] { status = show(*options); });
 }

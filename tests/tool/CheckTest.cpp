@@ -38,7 +38,7 @@ TEST(CheckCommand, GoesOnPastWhatCannotBeRead) {
     folder.write("b.txt", "");
     std::filesystem::create_symlink("nowhere", folder.path("c.json"));
     std::filesystem::create_directories(folder.path("empty"));
-    EXPECT_THAT(runTool({"check", "absent", "b.txt", "empty", "."}, folder.path()),
+    EXPECT_THAT(runTool({"check", "absent", "b.txt", "empty", ".", "--follow"}, folder.path()),
                 FieldsAre(2, EndsWith("1 document, no errors.\n"),
                           "parameters: absent cannot be read: No such file or directory.\n"
                           "parameters: b.txt is not a .json file, a .jsonl file or a folder.\n"
@@ -78,7 +78,7 @@ TEST(CheckCommand, TellsWhichFilesItMayNotRead) {
                 FieldsAre(2, _, "parameters: ./a.json cannot be read: Permission denied.\n"));
 }
 
-TEST(CheckCommand, ReadsLinkedFoldersAndFilesOnceAndExtensionsInCapitals) {
+TEST(CheckCommand, FollowsLinksOnlyWhenAskedAndReadsEachFileOnceAndExtensionsInCapitals) {
     const TemporaryFolder folder;
     std::filesystem::create_directories(folder.path("catalog/a"));
     std::filesystem::create_directories(folder.path("shared"));
@@ -86,8 +86,29 @@ TEST(CheckCommand, ReadsLinkedFoldersAndFilesOnceAndExtensionsInCapitals) {
     std::filesystem::create_symlink("A.JSON", folder.path("catalog/b.json"));
     folder.write("catalog/A.JSON", group("a"));
     folder.write("shared/B.JSONL", group("b") + group("c"));
-    EXPECT_THAT(runTool({"check", "catalog/A.JSON", "catalog", "catalog"}, folder.path()),
+    std::filesystem::create_hard_link(folder.path("catalog/A.JSON"), folder.path("catalog/c.json"));
+    std::filesystem::create_symlink("nothing of interest", folder.path("catalog/note"));
+    EXPECT_THAT(runTool({"check", "catalog/A.JSON", "catalog", "catalog", "--follow"}, folder.path()),
                 FieldsAre(0, "group       3\n3 documents, no errors.\n", ""));
+    EXPECT_THAT(runTool({"check", "catalog"}, folder.path()),
+                FieldsAre(0, "group       1\n1 document, no errors.\n",
+                          "parameters: 2 links skipped; --follow reads what links in folders lead to.\n"));
+    EXPECT_EQ(runTool({"check", "catalog/a/up", "catalog/b.json"}, folder.path()).errors,
+              "parameters: 2 links skipped; --follow reads what links in folders lead to.\n");
+}
+
+TEST(CheckCommand, TellsWhichFoldersAreTooDeepAndWhichFilesTooLarge) {
+    const TemporaryFolder folder;
+    const std::string deepest = "catalog" + Documents::repeated("/d", 99);
+    std::filesystem::create_directories(folder.path(deepest + "/d/d"));
+    folder.write(deepest + "/a.json", group("a"));
+    folder.write(deepest + "/d/b.json", group("b"));
+    folder.write("catalog/z.jsonl", "");
+    std::filesystem::resize_file(folder.path("catalog/z.jsonl"), (std::uintmax_t{2} << 30U) + 1);
+    EXPECT_THAT(runTool({"check", "catalog"}, folder.path()),
+                FieldsAre(2, "group       1\n1 document, no errors.\n",
+                          "parameters: " + deepest + "/d is skipped: more than 100 folders deep.\n" +
+                              "parameters: catalog/z.jsonl is skipped: larger than 2 GiB.\n"));
 }
 
 TEST(CheckCommand, FindsManyErrorsAmongManyDocumentsAtOnce) {
