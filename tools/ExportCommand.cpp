@@ -53,7 +53,7 @@ Export addAll(OutputFolder& output, const Catalog& catalog, Parameters::DataMode
             result.written.push_back(item.document);
         } catch (const Parameters::ValidationException& exception) {
             result.refused.emplace(typeId, fmt::format("{}: {}: {}", formatOrigin(item.document->origin),
-                                                       printable(typeId), exception.what()));
+                                                       printable(typeId), printable(exception.what())));
         }
     }
     return result;

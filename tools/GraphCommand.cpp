@@ -7,21 +7,25 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <map>
 #include <memory>
+#include <set>
 
 namespace Tool {
 
 namespace {
 
 /// Beyond this, dot is slow and its pictures are unreadable.
-constexpr std::size_t manyDocuments = 1000;
+constexpr std::size_t manyToDraw = 2000;
 
 struct GraphOptions {
     Sources sources;
     std::string typeId;
     std::string file;
     std::size_t depth = anyDistance;
+    unsigned seconds = 60;
     bool hasTypeId = false;
     bool isReverse = false;
     bool overwrite = false;
@@ -40,11 +44,23 @@ std::map<std::string, std::size_t> documentsToShow(const Catalog& catalog, const
     return all;
 }
 
-std::string pictureOf(const std::string& dot, std::size_t documents) {
-    if (documents > manyDocuments) {
-        printError(fmt::format("Drawing {} documents takes a while; --typeid and --depth select fewer.", documents));
+/// The number of references that are drawn.
+std::size_t countReferences(const Links& references, const std::map<std::string, std::size_t>& shown) {
+    std::size_t count = 0;
+    for (const auto& [typeId, distance] : shown) {
+        const std::set<std::string>& targets = references.at(typeId);
+        count += static_cast<std::size_t>(std::count_if(
+            targets.begin(), targets.end(), [&](const std::string& target) { return shown.count(target) != 0; }));
     }
-    return svgOf(dot);
+    return count;
+}
+
+std::string pictureOf(const std::string& dot, std::size_t documents, std::size_t references, unsigned seconds) {
+    if (documents + references > manyToDraw) {
+        printError(fmt::format("Drawing {} and {} takes a while; --typeid and --depth select fewer.",
+                               counted(documents, "document"), counted(references, "reference")));
+    }
+    return svgOf(dot, seconds);
 }
 
 Status graph(const GraphOptions& options) {
@@ -56,7 +72,10 @@ Status graph(const GraphOptions& options) {
         fmt::print("{}", dot);
     } else {
         const bool isPicture = std::filesystem::path(options.file).extension() == ".svg";
-        writeFiles({{options.file, isPicture ? pictureOf(dot, shown.size()) : dot}}, options.overwrite);
+        writeFiles(
+            {{options.file,
+              isPicture ? pictureOf(dot, shown.size(), countReferences(references, shown), options.seconds) : dot}},
+            options.overwrite);
         fmt::print("Wrote {} with {}.\n", printable(options.file), counted(shown.size(), "document"));
     }
     return statusOf(catalog);
@@ -90,6 +109,9 @@ void addGraph(CLI::App& app, Status& status) {
             "Output file: .dot text, or .svg drawn by Graphviz's program dot; .dot text to standard output if omitted")
         ->type_name("FILE")
         ->check(CLI::Validator(validateFileName, ""));
+    command->add_option("--timeout", options->seconds, "Seconds that dot may take, 60 unless told")
+        ->type_name("SECONDS")
+        ->check(CLI::Range(1U, 1'000'000U));
     addForce(*command, options->overwrite);
     command->callback([options, typeId, &status] {
         options->hasTypeId = typeId->count() != 0;

@@ -3,13 +3,17 @@
 #include "Text.h"
 
 #include <fmt/core.h>
-#include <spawn.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <stdexcept>
@@ -20,9 +24,18 @@ namespace Tool {
 
 namespace {
 
+/// Longer texts only widen the picture.
+constexpr std::size_t longestLabel = 60;
+constexpr std::size_t longestTooltip = 240;
+
+/// Quotes a text for Graphviz, in which "&" would begin a character of XML.
 std::string dotString(std::string_view text) {
     std::string result = "\"";
-    for (const char character : printable(text)) {
+    for (const char character : text) {
+        if (character == '&') {
+            result += "&amp;";
+            continue;
+        }
         if (character == '"' || character == '\\') {
             result += '\\';
         }
@@ -31,12 +44,27 @@ std::string dotString(std::string_view text) {
     return result + '"';
 }
 
+/// Text that stands in the picture.
+std::string pictured(std::string_view text, std::size_t longest) {
+    return dotString(shortened(printable(text), longest));
+}
+
+/// The name of a document's node, which no entry of the legend shares, nor another document, whatever its typeid.
+std::string nodeName(std::string_view typeId) {
+    std::string name = "document ";
+    for (const char character : typeId) {
+        // Told from those that stand for what is not printable.
+        name += character == '\\' ? "\\\\" : std::string(1, character);
+    }
+    return dotString(printable(name));
+}
+
 std::string attributesOf(const Kind& kind) { return fmt::format("shape={}, fillcolor=\"{}\"", kind.shape, kind.color); }
 
 std::string nodeOf(const std::string& typeId, const Item& item) {
     const std::string& label = item.name.empty() ? typeId : item.name;
-    return fmt::format("  {} [label={}, tooltip={}, {}];\n", dotString(typeId), dotString(label), dotString(typeId),
-                       attributesOf(*item.kind));
+    return fmt::format("  {} [label={}, tooltip={}, {}];\n", nodeName(typeId), pictured(label, longestLabel),
+                       pictured(typeId, longestTooltip), attributesOf(*item.kind));
 }
 
 constexpr std::size_t legendColumns = 4;
@@ -86,24 +114,64 @@ std::string contentsOf(std::FILE* file) {
     return text;
 }
 
-/// Runs dot without a shell.
-void runDot(std::FILE* input, std::FILE* output) {
-    std::string program = "dot";
-    std::string format = "-Tsvg";
-    std::array<char*, 3> arguments = {program.data(), format.data(), nullptr};
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, fileno(input), STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, fileno(output), STDOUT_FILENO);
-    pid_t process = 0;
-    const int error = posix_spawnp(&process, program.c_str(), &actions, nullptr, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (error == ENOENT) {
+/// The status of a child that finds no dot, as that of a shell.
+constexpr int notInstalled = 127;
+
+constexpr rlim_t mostMemory = rlim_t{4} << 30U;
+constexpr rlim_t largestPicture = rlim_t{1} << 30U;
+
+void limit(decltype(RLIMIT_AS) resource, rlim_t most) {
+    struct rlimit limits {};
+    getrlimit(resource, &limits);
+    limits.rlim_cur = std::min(limits.rlim_cur, most);
+    setrlimit(resource, &limits);
+}
+
+/// Becomes dot, without a shell.
+///
+/// @return what failed, if anything does.
+int becomeDot(std::FILE* input, std::FILE* output, unsigned seconds, pid_t parent) {
+    // The alarm survives becoming another program, and so must its effect.
+    std::signal(SIGALRM, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    alarm(seconds);
+    // Should this program be killed, dot goes with it; it may have been killed just before.
+    if (prctl(PR_SET_PDEATHSIG, SIGKILL) != 0 || getppid() != parent) {
+        return ECANCELED;
+    }
+    limit(RLIMIT_AS, mostMemory);
+    limit(RLIMIT_CPU, seconds);
+    limit(RLIMIT_FSIZE, largestPicture);
+    limit(RLIMIT_CORE, 0);
+    if (dup2(fileno(input), STDIN_FILENO) >= 0 && dup2(fileno(output), STDOUT_FILENO) >= 0) {
+        execlp("dot", "dot", "-Tsvg", nullptr);
+    }
+    return errno;
+}
+
+void runDot(std::FILE* input, std::FILE* output, unsigned seconds) {
+    const pid_t parent = getpid();
+    const pid_t process = fork();
+    if (process == 0) {
+        _exit(becomeDot(input, output, seconds, parent) == ENOENT ? notInstalled : EXIT_FAILURE);
+    }
+    int status = 0;
+    if (process < 0 || waitpid(process, &status, 0) != process) {
+        throw std::runtime_error(fmt::format("Graphviz's program dot cannot be run: {}.", std::strerror(errno)));
+    }
+    if (WIFEXITED(status) && WEXITSTATUS(status) == notInstalled) {
         throw std::runtime_error(
             "SVG output needs Graphviz, whose program dot is not installed; .dot output does not.");
     }
-    int status = 0;
-    if (error != 0 || waitpid(process, &status, 0) != process || status != 0) {
+    if (WIFSIGNALED(status) && (WTERMSIG(status) == SIGALRM || WTERMSIG(status) == SIGXCPU)) {
+        throw std::runtime_error(fmt::format("Graphviz's program dot was ended after {}; --typeid and --depth select "
+                                             "fewer documents, --timeout gives it "
+                                             "more time.",
+                                             counted(seconds, "second")));
+    }
+    if (status != 0) {
         throw std::runtime_error("Graphviz's program dot failed.");
     }
 }
@@ -126,17 +194,17 @@ std::string dotText(const std::map<std::string, Item>& items, const Links& refer
     for (const auto& [typeId, distance] : shown) {
         for (const std::string& reference : references.at(typeId)) {
             if (shown.count(reference) != 0) {
-                text += fmt::format("  {} -> {};\n", dotString(typeId), dotString(reference));
+                text += fmt::format("  {} -> {};\n", nodeName(typeId), nodeName(reference));
             }
         }
     }
     return text + legendOf(kinds) + "}\n";
 }
 
-std::string svgOf(const std::string& dotText) {
+std::string svgOf(const std::string& dotText, unsigned seconds) {
     const File input = fileWith(dotText);
     const File output = temporaryFile();
-    runDot(input.get(), output.get());
+    runDot(input.get(), output.get(), seconds);
     return contentsOf(output.get());
 }
 

@@ -17,7 +17,7 @@ std::string dotText(const std::map<std::string, Item>& items, const Links& refer
 /// Draws a graph by Graphviz's dot.
 ///
 /// @return the picture as SVG.
-/// @throws std::runtime_error  dot is not installed, or fails.
-std::string svgOf(const std::string& dotText);
+/// @throws std::runtime_error  dot is not installed, fails, or takes longer.
+std::string svgOf(const std::string& dotText, unsigned seconds);
 
 } // namespace Tool

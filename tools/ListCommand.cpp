@@ -58,7 +58,7 @@ void printAsJson(const std::vector<Entry>& entries) {
                         {"lowestVersion", entry.lowestVersion},
                         {"highestVersion", entry.highestVersion}});
     }
-    fmt::print("{}\n", list.dump(2));
+    fmt::print("{}\n", printableJson(list.dump(2)));
 }
 
 Status list(const ListOptions& options) {

@@ -3,6 +3,7 @@
 #include "Text.h"
 
 #include <fmt/core.h>
+#include <unistd.h>
 
 #include <memory>
 
@@ -26,11 +27,15 @@ Status printSchema(const SchemaOptions& options) {
                    ? catalog.engine.getSchema(options.typeId)
                    : catalog.engine.getSchemaInCompatibleFormat(versionOf(options.version), options.typeId);
     } catch (const Parameters::ValidationException& exception) {
-        printError(fmt::format("{}: {}", printable(options.typeId), exception.what()));
+        printError(fmt::format("{}: {}", printable(options.typeId), printable(exception.what())));
         return statusOf(catalog) | Status::Errors;
     }
     if (options.isPretty) {
         text = prettyPrinted(text);
+    }
+    // Elsewhere the text stays as it is registered.
+    if (isatty(STDOUT_FILENO) != 0) {
+        text = printableJson(text);
     }
     fmt::print("{}{}", text, text.back() == '\n' ? "" : "\n");
     return statusOf(catalog);

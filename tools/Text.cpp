@@ -25,19 +25,73 @@ template <class Visit> void forEachCharacter(std::string_view text, Visit visit)
     }
 }
 
+bool isUnseen(utf8proc_int32_t codePoint) {
+    // Most characters of most texts.
+    if (codePoint >= ' ' && codePoint < '\x7f') {
+        return false;
+    }
+    const utf8proc_property_t& property = *utf8proc_get_property(codePoint);
+    const bool isNoCharacter = (codePoint & 0xfffe) == 0xfffe || (codePoint >= 0xfdd0 && codePoint <= 0xfdef);
+    return isNoCharacter || property.ignorable != 0 || property.category == UTF8PROC_CATEGORY_CC ||
+           property.category == UTF8PROC_CATEGORY_CF || property.category == UTF8PROC_CATEGORY_ZL ||
+           property.category == UTF8PROC_CATEGORY_ZP;
+}
+
+std::string escaped(utf8proc_int32_t codePoint) {
+    return codePoint < 0x100 ? fmt::format("\\x{:02x}", codePoint)
+                             : fmt::format(codePoint < 0x10000 ? "\\u{:04x}" : "\\U{:08x}", codePoint);
+}
+
+std::string escapedInJson(utf8proc_int32_t codePoint) {
+    return codePoint < 0x10000
+               ? fmt::format("\\u{:04x}", codePoint)
+               : fmt::format("\\u{:04x}\\u{:04x}", 0xd7c0 + (codePoint >> 10), 0xdc00 + (codePoint & 0x3ff));
+}
+
 } // namespace
 
 std::string printable(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     forEachCharacter(text, [&](utf8proc_int32_t codePoint, std::string_view bytes) {
-        if (codePoint != noCharacter && utf8proc_category(codePoint) == UTF8PROC_CATEGORY_CC) {
-            result += fmt::format("\\x{:02x}", codePoint);
+        if (codePoint == noCharacter) {
+            result += escaped(static_cast<unsigned char>(bytes.front()));
+        } else if (isUnseen(codePoint)) {
+            result += escaped(codePoint);
         } else {
             result += bytes;
         }
     });
     return result;
+}
+
+std::string printableJson(std::string_view json) {
+    std::string result;
+    result.reserve(json.size());
+    forEachCharacter(json, [&](utf8proc_int32_t codePoint, std::string_view bytes) {
+        if (codePoint == '\r') {
+            // A blank outside of strings, but one that lets the terminal write over the line.
+            result += ' ';
+        } else if (codePoint == '\n' || codePoint == '\t' || codePoint == noCharacter || !isUnseen(codePoint)) {
+            result += bytes;
+        } else {
+            result += escapedInJson(codePoint);
+        }
+    });
+    return result;
+}
+
+std::string shortened(std::string_view text, std::size_t longest) {
+    std::size_t characters = 0;
+    std::size_t size = 0;
+    std::size_t kept = 0;
+    forEachCharacter(text, [&](utf8proc_int32_t, std::string_view bytes) {
+        size += bytes.size();
+        if (++characters < longest) {
+            kept = size;
+        }
+    });
+    return characters <= longest ? std::string(text) : std::string(text.substr(0, kept)) + "…";
 }
 
 std::size_t widthOf(std::string_view text) {

@@ -6,9 +6,16 @@
 
 namespace Tool {
 
-/// Escapes control characters, so that text from documents and file names neither controls the terminal nor breaks
-/// lines.
+/// Escapes what is no UTF-8 and what cannot be seen, but for blanks: control characters, separators of lines, what
+/// changes the direction of text, characters without width or meaning. So text from documents and file names neither
+/// controls the terminal nor breaks lines nor looks like another text.
 std::string printable(std::string_view text);
+
+/// As printable(), for a text in JSON: the characters are escaped as JSON does, so that it says the same.
+std::string printableJson(std::string_view json);
+
+/// Cuts a text to so many characters, the last of which is then an ellipsis.
+std::string shortened(std::string_view text, std::size_t longest);
 
 /// The columns that a text in UTF-8 takes in a terminal: two for a wide character, none for a combining one.
 std::size_t widthOf(std::string_view text);

@@ -38,22 +38,20 @@ ProgramRun runToolOn(const std::string& text, const std::vector<std::string>& ar
     return runTool(arguments, folder.path());
 }
 
-std::string terminalOfSlowRun(const std::string& command, const std::string& folder, const std::string& file) {
+namespace {
+
+/// Starts a command of the shell in a folder, on a terminal of its own.
+pid_t startOnTerminal(const std::string& command, const std::string& folder, int& terminal) {
     const std::string script = "tool='" PARAMETERS_TOOL "'; cd '" + folder + "' && exec " + command;
-    pollfd opened = {inotify_init1(IN_CLOEXEC), POLLIN, 0};
-    inotify_add_watch(opened.fd, file.c_str(), IN_OPEN);
-    int terminal = -1;
     const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
     if (child == 0) {
         execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
         _exit(127);
     }
-    if (child > 0 && poll(&opened, 1, 10'000) == 1) {
-        kill(child, SIGSTOP);
-        std::this_thread::sleep_for(std::chrono::milliseconds(1100));
-        kill(child, SIGCONT);
-    }
-    close(opened.fd);
+    return child;
+}
+
+std::string textOfTerminal(pid_t child, int terminal) {
     std::string text;
     std::array<char, 256> piece{};
     for (ssize_t size = 0; (size = read(terminal, piece.data(), piece.size())) > 0;) {
@@ -62,6 +60,28 @@ std::string terminalOfSlowRun(const std::string& command, const std::string& fol
     close(terminal);
     waitpid(child, nullptr, 0);
     return text;
+}
+
+} // namespace
+
+std::string terminalOf(const std::string& command, const std::string& folder) {
+    int terminal = -1;
+    const pid_t child = startOnTerminal(command, folder, terminal);
+    return textOfTerminal(child, terminal);
+}
+
+std::string terminalOfSlowRun(const std::string& command, const std::string& folder, const std::string& file) {
+    pollfd opened = {inotify_init1(IN_CLOEXEC), POLLIN, 0};
+    inotify_add_watch(opened.fd, file.c_str(), IN_OPEN);
+    int terminal = -1;
+    const pid_t child = startOnTerminal(command, folder, terminal);
+    if (child > 0 && poll(&opened, 1, 10'000) == 1) {
+        kill(child, SIGSTOP);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+        kill(child, SIGCONT);
+    }
+    close(opened.fd);
+    return textOfTerminal(child, terminal);
 }
 
 TemporaryFolder::TemporaryFolder() {

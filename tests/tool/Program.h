@@ -31,6 +31,9 @@ ProgramRun runTool(const std::vector<std::string>& arguments, const std::string&
 /// Runs it in a folder with nothing but the text, in "a.jsonl".
 ProgramRun runToolOn(const std::string& text, const std::vector<std::string>& arguments);
 
+/// @return what a command that becomes the program shows on a terminal.
+std::string terminalOf(const std::string& command, const std::string& folder);
+
 /// Runs a command that becomes the program, stopped for longer than a second once the program opens a file.
 ///
 /// @return what reaches the terminal that is its standard error, unless the command redirects that.

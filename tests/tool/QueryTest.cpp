@@ -43,6 +43,31 @@ TEST(ListCommand, WritesJsonForPrograms) {
     EXPECT_EQ(runTool({"list", "examples/catalog/domains", "--kind", "spec", "--json"}).output, "[]\n");
 }
 
+TEST(ListCommand, EscapesWhatCannotBeSeen) {
+    const std::tuple<const char*, const char*, const char*> names[] = {
+        {"\x7f", R"(\x7f)", R"(\u007f)"},
+        {"\u009b", R"(\x9b)", R"(\u009b)"},
+        {"\u00ad", R"(\xad)", R"(\u00ad)"},
+        {"\u200b", R"(\u200b)", R"(\u200b)"},
+        {"\u202e", R"(\u202e)", R"(\u202e)"},
+        {"\u2066", R"(\u2066)", R"(\u2066)"},
+        {"\u2028", R"(\u2028)", R"(\u2028)"},
+        {"\u2029", R"(\u2029)", R"(\u2029)"},
+        {"\u3164", R"(\u3164)", R"(\u3164)"},
+        {"\ufeff", R"(\ufeff)", R"(\ufeff)"},
+        {"\ufdd0", R"(\ufdd0)", R"(\ufdd0)"},
+        {"\U000e0041", R"(\U000e0041)", R"(\udb40\udc41)"},
+        {"\U0001ffff", R"(\U0001ffff)", R"(\ud83f\udfff)"},
+        {"é\U0001f600", "é\U0001f600", "é\U0001f600"}};
+    for (const auto& [name, text, json] : names) {
+        const std::string line = Documents::domain("a", "x" + std::string(name) + "y");
+        EXPECT_THAT(runToolOn(line, {"list", "a.jsonl"}).output,
+                    HasSubstr("a       domain  x" + std::string(text) + "y  "));
+        EXPECT_THAT(runToolOn(line, {"list", "a.jsonl", "--json"}).output,
+                    HasSubstr("\"name\": \"x" + std::string(json) + "y\",\n"));
+    }
+}
+
 TEST(ListCommand, ListsWhatIsLoadedAndReportsErrors) {
     EXPECT_THAT(runTool({"list", "examples/catalog/domains", "examples/catalog/units/volt.json"}),
                 FieldsAre(1, HasSubstr("acme.building:domain.electrical-1.0.0"),
@@ -100,6 +125,22 @@ TEST(SchemaCommand, PrintsTheRegisteredTextAndOlderOnes) {
                 StartsWith(R"({"downgradedFrom":"3.0.0","typeid")"));
     EXPECT_THAT(runTool({"schema", file, "--typeid", typeId, "--data-model", "2.0.0", "--pretty"}).output,
                 StartsWith("{\n  \"downgradedFrom\": \"3.0.0\",\n"));
+}
+
+TEST(SchemaCommand, EscapesOnATerminalOnly) {
+    const TemporaryFolder folder;
+    const std::string text =
+        "{\"typeid\":\"a\",\"inherits\":[\"quovanta.spec:discipline-1.0.0\"],\r \"constants\":[{\"id\":"
+        "\"name\",\"value\":\"\u009b\u202e\"}]}";
+    folder.write("a.json", text);
+    const std::string schema = "$tool schema a.json --typeid a";
+    EXPECT_EQ(runShell(schema, folder.path()).output, text + '\n');
+    EXPECT_EQ(terminalOf(schema, folder.path()),
+              R"({"typeid":"a","inherits":["quovanta.spec:discipline-1.0.0"],  "constants":[{"id":)"
+              R"("name","value":"\u009b\u202e"}]})"
+              "\r\n");
+    EXPECT_THAT(terminalOf(schema + " --pretty", folder.path()), HasSubstr(R"("value": "\u009b\u202e")"));
+    EXPECT_THAT(runShell(schema + " --pretty", folder.path()).output, HasSubstr("\"value\": \"\u009b\u202e\""));
 }
 
 TEST(SchemaCommand, TellsWhatCannotBeRepresented) {

@@ -177,22 +177,86 @@ TEST(BundleCommand, WritesWhatLoadsByItself) {
 TEST(GraphCommand, DrawsKindsWithALegend) {
     EXPECT_THAT(
         runTool({"graph", "examples/catalog", "--typeid", diffuser, "--depth", "1"}),
-        FieldsAre(0,
-                  AllOf(HasSubstr("  \"" + diffuser + "\" -> \"acme.building:group.airSide-1.0.0\";\n"),
-                        HasSubstr(R"("legend group" [label="group", shape=octagon,)"), Not(HasSubstr("airTerminals"))),
-                  ""));
+        FieldsAre(
+            0,
+            AllOf(HasSubstr("  \"document " + diffuser + "\" -> \"document acme.building:group.airSide-1.0.0\";\n"),
+                  HasSubstr(R"("legend group" [label="group", shape=octagon,)"), Not(HasSubstr("airTerminals"))),
+            ""));
     EXPECT_THAT(runTool({"graph", "examples/catalog"}).output, HasSubstr(R"("legend unit" [label="unit")"));
 }
 
 TEST(GraphCommand, TurnsAround) {
     EXPECT_THAT(
         runTool({"graph", "examples/catalog", "--typeid", "acme.building:group.airSide-1.0.0", "--reverse"}).output,
-        HasSubstr("  \"" + diffuser + "\" -> \"acme.building:group.airSide-1.0.0\";\n"));
+        HasSubstr("  \"document " + diffuser + "\" -> \"document acme.building:group.airSide-1.0.0\";\n"));
 }
 
-TEST(GraphCommand, QuotesTypeids) {
-    EXPECT_THAT(runToolOn(Documents::discipline(R"(a\"\\b\n)", "N"), {"graph", "a.jsonl"}).output,
-                HasSubstr(R"(  "a\"\\b\\x0a" [label="N")"));
+TEST(GraphCommand, QuotesTypeidsAndTellsThemApart) {
+    const std::string style = R"(, shape=hexagon, fillcolor="#e3d3ef"];)";
+    const std::pair<std::string, std::string> typeIds[] = {
+        {R"(a\"\\b\n)", R"("document a\"\\\\b\\x0a" [label="N", tooltip="a\"\\b\\x0a")"},
+        {R"(a\\x0a)", R"("document a\\\\x0a" [label="N", tooltip="a\\x0a")"},
+        {R"(a\n)", R"("document a\\x0a" [label="N", tooltip="a\\x0a")"},
+        {"legend discipline", R"("document legend discipline" [label="N", tooltip="legend discipline")"},
+        {"a&#0;\xEF\xBF\xBF", R"("document a&amp;#0;\\uffff" [label="N", tooltip="a&amp;#0;\\uffff")"}};
+    for (const auto& [typeId, node] : typeIds) {
+        EXPECT_THAT(runToolOn(Documents::discipline(typeId, "N"), {"graph", "a.jsonl"}).output,
+                    HasSubstr("  " + node + style));
+    }
+}
+
+TEST(GraphCommand, CutsLongLabels) {
+    EXPECT_THAT(
+        runToolOn(Documents::discipline(Documents::repeated("ü", 241), std::string(60, 'n')) + '\n' +
+                      Documents::discipline("b", std::string(61, 'm')),
+                  {"graph", "a.jsonl"})
+            .output,
+        AllOf(HasSubstr("[label=\"" + std::string(60, 'n') + "\", tooltip=\"" + Documents::repeated("ü", 239) + "…\""),
+              HasSubstr("[label=\"" + std::string(59, 'm') + "…\", tooltip=\"b\"")));
+}
+
+TEST(GraphCommand, WarnsOfManyReferencesAndOfThoseDrawnOnly) {
+    std::string lines;
+    for (int number = 0; number < 700; ++number) {
+        lines += Documents::group("g" + std::to_string(number), "G") + '\n' +
+                 Documents::fullForm("u" + std::to_string(number), "quovanta.unit:unit-2.0.0",
+                                     Documents::nameConstant("U") + "," + Documents::reference("dimension", "d")) +
+                 '\n';
+    }
+    const TemporaryFolder folder;
+    folder.write("a.jsonl", lines + Documents::dimension("d", "D"));
+    folder.write("dot", "#!/bin/sh\nexit 0\n");
+    const std::string drawing = "chmod +x dot; PATH=.:$PATH $tool graph a.jsonl --out a.svg --force ";
+    EXPECT_EQ(
+        runShell(drawing, folder.path()).errors,
+        "parameters: Drawing 1401 documents and 700 references takes a while; --typeid and --depth select fewer.\n");
+    EXPECT_EQ(runShell(drawing + "--typeid d --reverse", folder.path()).errors, "");
+}
+
+TEST(GraphCommand, BoundsGraphviz) {
+    const TemporaryFolder folder;
+    folder.write("a.jsonl", Documents::domain("a", "A"));
+    const std::string drawing = "chmod +x dot; PATH=.:$PATH $tool graph a.jsonl --out a.svg --timeout ";
+    // Without effect on an alarm that a host ignores.
+    folder.write("dot", "#!/bin/sh\nexec sleep 100\n");
+    EXPECT_THAT(
+        runShell("trap '' ALRM; " + drawing + "1; s=$?; ls; exit $s", folder.path()),
+        FieldsAre(2, "a.jsonl\ndot\n",
+                  "parameters: Graphviz's program dot was ended after 1 second; --typeid and --depth select fewer "
+                  "documents, --timeout gives it more time.\n"));
+    folder.write("dot", "#!/bin/sh\nulimit -v; ulimit -t; exit 3\n");
+    EXPECT_EQ(runShell(drawing + "7", folder.path()).errors, "parameters: Graphviz's program dot failed.\n");
+    folder.write("dot", "#!/bin/sh\nulimit -v; ulimit -t\n");
+    EXPECT_EQ(runShell(drawing + "7 && cat a.svg", folder.path()).output, "Wrote a.svg with 1 document.\n4194304\n7\n");
+    folder.write("dot", "#!/bin/sh\necho $$ >dot.pid\nexec sleep 100\n");
+    EXPECT_EQ(
+        runShell(
+            drawing +
+                "90 --force & while ! [ -s dot.pid ]; do sleep 0.1; done; kill -9 $!; "
+                "for i in 1 2 3 4 5; do grep -q sleep /proc/$(cat dot.pid)/cmdline || exit 0; sleep 0.2; done; exit 1",
+            folder.path())
+            .status,
+        0);
 }
 
 TEST(GraphCommand, DrawsAPictureThroughGraphviz) {
