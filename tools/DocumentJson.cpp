@@ -1,5 +1,7 @@
 #include "DocumentJson.h"
 
+#include <algorithm>
+
 namespace Tool {
 
 namespace {
@@ -23,6 +25,10 @@ public:
             frame_.base[key_] = text;
         } else if (depth_ == 2 && key_ == "inherits") {
             frame_.base[key_].push_back(text);
+        } else if (depth_ == 3 && key_ == "constants" && constantKey_ == "id") {
+            isName_ = text == "name";
+        } else if (depth_ == 3 && key_ == "constants" && constantKey_ == "value") {
+            value_ = text;
         }
         return true;
     }
@@ -30,6 +36,8 @@ public:
     bool key(string_t& text) override {
         if (depth_ == 1) {
             key_ = text;
+        } else if (depth_ == 3) {
+            constantKey_ = text;
         }
         return true;
     }
@@ -47,6 +55,14 @@ private:
     }
 
     bool leave() {
+        // Of a constant, whose members come in any order.
+        if (depth_ == 3 && key_ == "constants") {
+            if (isName_) {
+                frame_.name = value_;
+            }
+            isName_ = false;
+            value_.clear();
+        }
         --depth_;
         return true;
     }
@@ -55,18 +71,25 @@ private:
     std::size_t depth_ = 0;
     /// Of the current member of the document.
     std::string key_;
+    std::string constantKey_;
+    bool isName_ = false;
+    std::string value_;
 };
+
+constexpr std::string_view blanks = " \t\r\n";
+
+/// @return the position behind a string that begins at a quotation mark.
+std::size_t endOfString(std::string_view json, std::size_t begin) {
+    std::size_t position = begin + 1;
+    while (position < json.size() && json[position] != '"') {
+        position += json[position] == '\\' ? 2 : 1;
+    }
+    return std::min(position + 1, json.size());
+}
 
 } // namespace
 
 Json parseDocument(const std::string& text) { return Json::parse(text, nullptr, false); }
-
-DocumentFrame readFrame(const std::string& text) {
-    DocumentFrame frame;
-    FrameReader reader(frame);
-    frame.isJson = Json::sax_parse(text, &reader);
-    return frame;
-}
 
 std::string textAt(const Json& object, const char* key) {
     if (object.is_object()) {
@@ -78,18 +101,47 @@ std::string textAt(const Json& object, const char* key) {
     return {};
 }
 
-std::string textConstant(const Json& document, const char* id) {
-    const auto constants = document.find("constants");
-    if (constants != document.end() && constants->is_array()) {
-        for (const Json& constant : *constants) {
-            if (textAt(constant, "id") == id) {
-                return textAt(constant, "value");
-            }
-        }
-    }
-    return {};
+DocumentFrame readFrame(const std::string& text) {
+    DocumentFrame frame;
+    FrameReader reader(frame);
+    frame.isJson = Json::sax_parse(text, &reader);
+    return frame;
 }
 
-std::string prettyPrinted(const std::string& text) { return parseDocument(text).dump(2); }
+std::string prettyPrinted(std::string_view text) {
+    std::string result;
+    std::size_t depth = 0;
+    const auto breakLine = [&] { result.append("\n").append(2 * depth, ' '); };
+    for (std::size_t position = 0; position < text.size(); ++position) {
+        const char character = text[position];
+        if (character == '"') {
+            const std::size_t end = endOfString(text, position);
+            result += text.substr(position, end - position);
+            position = end - 1;
+        } else if (character == '{' || character == '[') {
+            result += character;
+            ++depth;
+            const std::size_t next = text.find_first_not_of(blanks, position + 1);
+            // An empty object or array stays on its line.
+            if (next != std::string_view::npos && text[next] != '}' && text[next] != ']') {
+                breakLine();
+            }
+        } else if (character == '}' || character == ']') {
+            --depth;
+            if (result.back() != '{' && result.back() != '[') {
+                breakLine();
+            }
+            result += character;
+        } else if (character == ',') {
+            result += character;
+            breakLine();
+        } else if (character == ':') {
+            result += ": ";
+        } else if (blanks.find(character) == std::string_view::npos) {
+            result += character;
+        }
+    }
+    return result;
+}
 
 } // namespace Tool

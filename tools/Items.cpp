@@ -43,7 +43,7 @@ Items itemsOf(const Catalog& catalog) {
         entry->second.document = &document;
         if (isUnlisted) {
             entry->second.kind = &std::get<UnlistedKind>(kindRows).kind;
-            entry->second.name = textConstant(parseDocument(document.text), "name");
+            entry->second.name = readFrame(document.text).name;
         }
     }
     return items;

@@ -51,12 +51,12 @@ void printAsTable(const std::vector<Entry>& entries) {
 void printAsJson(const std::vector<Entry>& entries) {
     Json list = Json::array();
     for (const Entry& entry : entries) {
-        list.push_back({{"typeid", entry.typeId},
-                        {"kind", entry.kind},
-                        {"name", entry.name},
-                        {"format", entry.format},
-                        {"lowestVersion", entry.lowestVersion},
-                        {"highestVersion", entry.highestVersion}});
+        list.push_back(Json::object({{"typeid", entry.typeId},
+                                     {"kind", entry.kind},
+                                     {"name", entry.name},
+                                     {"format", entry.format},
+                                     {"lowestVersion", entry.lowestVersion},
+                                     {"highestVersion", entry.highestVersion}}));
     }
     fmt::print("{}\n", printableJson(list.dump(2)));
 }
