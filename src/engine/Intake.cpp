@@ -33,8 +33,9 @@ bool storePending(EngineImpl& engine, const SchemaDocument& document, const Type
         return false;
     }
     if (missing != nullptr) {
-        Kind::dependenciesOfSchema(
-            *body, [&](const TypeIdKey& typeId) { collectMissing(engine, key, typeId, missing->first); });
+        Kind::dependenciesOfSchema(*body, [&](ReferenceTo /*target*/, const TypeIdKey& typeId) {
+            collectMissing(engine, key, typeId, missing->first);
+        });
         Kind::unitDependenciesOfSchema(
             *body, [&](const TypeIdKey& typeId) { collectMissing(engine, key, typeId, missing->second); });
     }

@@ -37,8 +37,10 @@ namespace Parameters {
 //   Object, Body     the finished value class, and what a document is between registration and resolution
 //   name             the kind's word in messages
 //   read             body of a document, or no value if the document is of another kind
-//   dependenciesOfSchema, unitDependenciesOfSchema
-//                    calls visit with each typeid that a body refers to here and in the units library
+//   dependenciesOfSchema
+//                    calls visit with each typeid that a body refers to here, and what that is to be
+//   unitDependenciesOfSchema
+//                    the same for the units library, with the typeid alone
 //   visitTexts       calls visit with each text that a body has as a view, which visit may replace by an equal one
 //   addDependencies  adds the typeids that an object depends on
 //   resolve          object of a body; scope tells where its references may be found
@@ -256,9 +258,9 @@ private:
 
 // Each kind is checked, so that what a description lacks is told here and not where an operation needs it.
 
-/// A visitor of typeids or texts.
+/// A visitor of references, typeids or texts.
 struct AnyVisit {
-    template <class Part> void operator()(Part& /*part*/) const {}
+    template <class... Parts> void operator()(Parts&&... /*parts*/) const {}
 };
 
 template <class Kind> using ReadResult = decltype(Kind::read(std::declval<const SchemaDocument&>()));

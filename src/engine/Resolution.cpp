@@ -79,19 +79,22 @@ void prefetchAhead(const Registry& registry, UnitFinder& units, std::vector<Pend
         prefetch(item.text);
     });
     visitAhead(3, [&](auto& item) {
-        Kind::dependenciesOfSchema(*item.body,
-                                   [&](const TypeIdKey& typeId) { prefetchSlot(registry.index(), typeId); });
+        Kind::dependenciesOfSchema(*item.body, [&](ReferenceTo /*target*/, const TypeIdKey& typeId) {
+            prefetchSlot(registry.index(), typeId);
+        });
         Kind::unitDependenciesOfSchema(*item.body,
                                        [&](const TypeIdKey& typeId) { prefetchSlot(units.found(), typeId); });
     });
     visitAhead(2, [&](auto& item) {
-        Kind::dependenciesOfSchema(*item.body,
-                                   [&](const TypeIdKey& typeId) { prefetchEntry(registry.index(), typeId); });
+        Kind::dependenciesOfSchema(*item.body, [&](ReferenceTo /*target*/, const TypeIdKey& typeId) {
+            prefetchEntry(registry.index(), typeId);
+        });
         Kind::unitDependenciesOfSchema(*item.body,
                                        [&](const TypeIdKey& typeId) { prefetchEntry(units.found(), typeId); });
     });
     visitAhead(1, [&](auto& item) {
-        Kind::dependenciesOfSchema(*item.body, [&](const TypeIdKey& typeId) { prefetchItem(registry, typeId); });
+        Kind::dependenciesOfSchema(
+            *item.body, [&](ReferenceTo /*target*/, const TypeIdKey& typeId) { prefetchItem(registry, typeId); });
     });
 }
 

@@ -235,6 +235,23 @@ struct JSON::Access {
         return nullptr;
     }
 
+    /// Recurses once for each level, which parse() has bounded.
+    static void walk(const Value& value, Node node, const std::function<void(const Node&)>& visit) {
+        node.identity = &value;
+        node.characters = value.IsString() ? value.GetString() : nullptr;
+        visit(node);
+        if (value.IsObject()) {
+            for (const auto& member : value.GetObject()) {
+                walk(member.value, {nullptr, &value, {member.name.GetString(), member.name.GetStringLength()}, nullptr},
+                     visit);
+            }
+        } else if (value.IsArray()) {
+            for (const Value& element : value.GetArray()) {
+                walk(element, {nullptr, &value, {}, nullptr}, visit);
+            }
+        }
+    }
+
     static std::string_view text(const Value& value) {
         const std::string_view whole(value.GetString(), value.GetStringLength());
         return whole.substr(0, whole.find('\0'));
@@ -260,7 +277,13 @@ JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& te
     };
     json.tree_->document.Populate(generate);
     if (result.IsError()) {
-        json.fail("JSON parsing error at offset " + std::to_string(result.Offset()) + ": " + messageFor(result.Code()));
+        const std::string message =
+            "JSON parsing error at offset " + std::to_string(result.Offset()) + ": " + messageFor(result.Code());
+        if (json.observer() == nullptr) {
+            json.fail(message);
+        }
+        json.observer()->syntaxError(result.Offset(), message);
+        json.viewed_ = nullptr;
     }
     return json;
 }
@@ -292,20 +315,28 @@ std::uint32_t JSON::getSize() const {
     return value.IsObject() ? value.MemberCount() : value.Size();
 }
 
-bool JSON::hasMember(std::string_view key) const noexcept { return Access::find(*this, key) != nullptr; }
+bool JSON::hasMember(std::string_view key) const { return getMember(key).exists(); }
 
-JSON JSON::getMember(std::string_view key) const { return {Access::find(*this, key), exceptionFactory_}; }
+JSON JSON::getMember(std::string_view key) const {
+    if (observer() != nullptr) {
+        observer()->askedForMember(*this, key);
+    }
+    return {Access::find(*this, key), exceptionFactory_};
+}
 
 JSON JSON::getElement(std::uint32_t index) const { return {&Access::value(*this)[index], exceptionFactory_}; }
 
-std::map<std::string_view, std::string_view> JSON::getStringMap() const {
+std::optional<std::map<std::string_view, std::string_view>> JSON::getStringMap() const {
     std::map<std::string_view, std::string_view> strings;
     for (const auto& member : Access::value(*this).GetObject()) {
+        const JSON value(&member.value, exceptionFactory_);
         if (!member.name.IsString()) {
-            fail("Expected a map with string keys and values, but key was not a string.");
+            value.report(Rule::WrongType, "Expected a map with string keys and values, but key was not a string.");
+            return std::nullopt;
         }
         if (!member.value.IsString()) {
-            fail("Expected a map with string keys and values, but value was not a string.");
+            value.report(Rule::WrongType, "Expected a map with string keys and values, but value was not a string.");
+            return std::nullopt;
         }
         strings[Access::text(member.name)] = Access::text(member.value);
     }
@@ -315,5 +346,14 @@ std::map<std::string_view, std::string_view> JSON::getStringMap() const {
 void JSON::fail(const std::string& message) const {
     std::rethrow_exception(exceptionFactory_->createException(message));
 }
+
+void JSON::report(Rule rule, const std::string& message) const {
+    if (observer() == nullptr) {
+        fail(message);
+    }
+    observer()->fault(rule, *this, message);
+}
+
+void JSON::walk(const std::function<void(const Node&)>& visit) const { Access::walk(Access::value(*this), {}, visit); }
 
 } // namespace Parameters

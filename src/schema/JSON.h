@@ -1,11 +1,14 @@
 #pragma once
 
 #include "schema/ExceptionFactory.h"
+#include "schema/ReadingObserver.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,7 +31,8 @@ public:
     };
 
     /// Parses text up to its first NUL. Errors are thrown through the factory as "JSON parsing error at offset
-    /// {offset}: {message}"; a nesting deeper than maximumDepth is among them.
+    /// {offset}: {message}"; a nesting deeper than maximumDepth is among them. An observer is told instead, and gets a
+    /// handle that has nothing.
     /// The factory, the text and the scratch, if there is one, must outlive the tree.
     [[nodiscard]] static JSON parse(const ExceptionFactory& exceptionFactory, const std::string& text,
                                     Scratch* scratch = nullptr);
@@ -72,7 +76,7 @@ public:
     [[nodiscard]] std::uint32_t getSize() const;
 
     /// False, too, on a value that is no object.
-    [[nodiscard]] bool hasMember(std::string_view key) const noexcept;
+    [[nodiscard]] bool hasMember(std::string_view key) const;
     /// A view of the first member of that name, or of a null value where there is none.
     [[nodiscard]] JSON getMember(std::string_view key) const;
     /// Of a view that getMember() gave: whether there is such a member.
@@ -80,11 +84,31 @@ public:
     /// A view of one element.
     [[nodiscard]] JSON getElement(std::uint32_t index) const;
     /// Keys and values of an object of strings; the last of several members of one name counts. They are valid as those
-    /// of getStringView().
-    [[nodiscard]] std::map<std::string_view, std::string_view> getStringMap() const;
+    /// of getStringView(). Nothing where an observer has been told of a value of another type.
+    [[nodiscard]] std::optional<std::map<std::string_view, std::string_view>> getStringMap() const;
 
     /// Throws what the factory makes of the message.
     [[noreturn]] void fail(const std::string& message) const;
+    /// Tells the observer that the value breaks a rule, and returns; without an observer it throws.
+    void report(Rule rule, const std::string& message) const;
+
+    /// Who follows the reading, or null.
+    [[nodiscard]] ReadingObserver* observer() const noexcept { return exceptionFactory_->observer(); }
+    /// The same for all handles on one value, and for no others while the tree stands; null where there is none.
+    [[nodiscard]] const void* identity() const noexcept { return viewed_; }
+
+    /// A value met by walk().
+    struct Node {
+        const void* identity;
+        /// The object or array that it stands in; null of the root.
+        const void* parent;
+        /// Its name in the object that it stands in.
+        std::string_view key;
+        /// Where the characters of a string are.
+        const char* characters;
+    };
+    /// Calls visit with each value, in the order of the text: containers come before what is in them.
+    void walk(const std::function<void(const Node&)>& visit) const;
 
 private:
     struct Tree;

@@ -4,40 +4,43 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 #include <set>
 
 namespace Parameters {
 
 namespace {
 
-/// Refuses what is no array of strings that all hold something.
-void requireNonEmptyStringArray(const JSON& json) {
+/// Whether it is an array of strings that all hold something; reports what is not.
+bool requireNonEmptyStringArray(const JSON& json) {
     if (!json.isArray()) {
-        json.fail("Expected an array.");
+        json.report(Rule::WrongType, "Expected an array.");
+        return false;
     }
+    bool isRight = true;
     for (std::uint32_t i = 0; i < json.getSize(); ++i) {
         const JSON element = json.getElement(i);
         if (!element.isString()) {
-            json.fail("Expected an array of strings.");
-        }
-        if (element.getStringView().empty()) {
-            json.fail("Expected an array of non-empty strings.");
+            element.report(Rule::WrongType, "Expected an array of strings.");
+            isRight = false;
+        } else if (element.getStringView().empty()) {
+            element.report(Rule::EmptyValue, "Expected an array of non-empty strings.");
+            isRight = false;
         }
     }
+    return isRight;
 }
 
-/// What is wrong with an element of a member array by itself; nothing if it is in order. The id is that of the element.
-const char* faultOf(const JSON& element, const JSON& id) {
+/// Whether an element of a member array is in order by itself; reports what is not. The id is that of the element.
+bool requireMember(const JSON& element, const JSON& id) {
     if (!element.isObject()) {
-        return "Expected an object describing a property.";
+        element.report(Rule::WrongType, "Expected an object describing a property.");
+    } else if (!id.exists()) {
+        element.report(Rule::MissingMember, "A property definition must have an id attribute.");
+    } else if (!id.isString()) {
+        id.report(Rule::WrongType, "A property's id attribute must be a string.");
     }
-    if (!id.exists()) {
-        return "A property definition must have an id attribute.";
-    }
-    if (!id.isString()) {
-        return "A property's id attribute must be a string.";
-    }
-    return nullptr;
+    return element.isObject() && id.isString();
 }
 
 /// Tells whether an id stands among those before it.
@@ -61,13 +64,23 @@ private:
     std::set<std::string_view> seen_;
 };
 
+/// Tells the observer that these members may be there and mean nothing to a reader.
+void ignoreMembers(const JSON& object, std::initializer_list<std::string_view> keys) {
+    if (object.observer() != nullptr) {
+        for (const std::string_view key : keys) {
+            object.observer()->askedForMember(object, key);
+        }
+    }
+}
+
 std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key) {
     const JSON array = root.getMember(key);
     if (!array.exists()) {
         return {};
     }
     if (!array.isArray()) {
-        root.fail(concat({"Expected schema ", key, " to be an array."}));
+        array.report(Rule::WrongType, concat({"Expected schema ", key, " to be an array."}));
+        return {};
     }
     std::vector<SchemaMember> members;
     members.reserve(array.getSize());
@@ -75,12 +88,13 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
     for (std::uint32_t i = 0; i < array.getSize(); ++i) {
         JSON element = array.getElement(i);
         const JSON id = element.getMember(Frame::id);
-        if (const char* fault = faultOf(element, id)) {
-            root.fail(fault);
+        if (!requireMember(element, id)) {
+            continue;
         }
         const std::string_view idText = id.getStringView();
         if (repetitions.isRepeated(idText, members)) {
-            root.fail(concat({"Item ", idText, " in ", key, " array must be defined only once."}));
+            id.report(Rule::RepeatedId, concat({"Item ", idText, " in ", key, " array must be defined only once."}));
+            continue;
         }
         members.push_back({idText, std::move(element)});
     }
@@ -95,11 +109,15 @@ SchemaMembers readConstants(const JSON& root) {
             value = constant.json.getMember(Frame::typedValue);
         }
         if (!value.exists()) {
-            root.fail("A property definition must contain either a value or a typedValue.");
+            constant.json.report(Rule::MissingMember,
+                                 "A property definition must contain either a value or a typedValue.");
         }
+        ignoreMembers(constant.json, {Frame::typeId});
         constant.json = std::move(value);
     }
-    return SchemaMembers(std::move(constants));
+    const auto isMissing = [](const SchemaMember& constant) { return !constant.json.exists(); };
+    constants.erase(std::remove_if(constants.begin(), constants.end(), isMissing), constants.end());
+    return {Frame::constants, std::move(constants), root.observer()};
 }
 
 void readFormat(const JSON& root, SchemaDocument& document) {
@@ -108,29 +126,37 @@ void readFormat(const JSON& root, SchemaDocument& document) {
         return;
     }
     const JSON type = root.getMember(Frame::schemaType);
-    if (!specification.isString() || specification.getStringView() != Frame::specificationMarker ||
-        (type.exists() && !type.isString())) {
-        root.fail("Unsupported schema specification version.");
+    const bool isKnown = specification.isString() && specification.getStringView() == Frame::specificationMarker;
+    if (!isKnown || (type.exists() && !type.isString())) {
+        (isKnown ? type : specification)
+            .report(Rule::UnsupportedSpecification, "Unsupported schema specification version.");
     }
     document.schemaFormat = Units::SchemaFormat::LumarDataSchema;
-    document.schemaType = type.exists() ? type.getStringView() : Frame::componentType;
+    document.schemaType = type.isString() ? type.getStringView() : Frame::componentType;
 }
 
 std::string_view readBaseSchema(const JSON& root) {
     const JSON inherits = root.getMember(Frame::inherits);
     if (!inherits.exists()) {
-        root.fail("Schema must specify an inheritance array.");
+        root.report(Rule::MissingMember, "Schema must specify an inheritance array.");
+        return {};
     }
-    requireNonEmptyStringArray(inherits);
+    if (!requireNonEmptyStringArray(inherits)) {
+        return {};
+    }
     if (inherits.getSize() != 1) {
-        root.fail("Inheritance clause must specify exactly one base schema.");
+        inherits.report(Rule::WrongForm, "Inheritance clause must specify exactly one base schema.");
+        return {};
     }
     return inherits.getElement(0).getStringView();
 }
 
 } // namespace
 
-const JSON* SchemaMembers::find(std::string_view id) const noexcept {
+const JSON* SchemaMembers::find(std::string_view id) const {
+    if (observer_ != nullptr) {
+        observer_->askedForEntry(section_, id);
+    }
     const auto found =
         std::find_if(members_.begin(), members_.end(), [id](const SchemaMember& member) { return member.id == id; });
     return found != members_.end() ? &found->json : nullptr;
@@ -149,64 +175,86 @@ std::vector<const SchemaMember*> SchemaMembers::sorted() const {
 
 SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
                                   JSON::Scratch* scratch) {
-    JSON root = JSON::parse(exceptionFactory, text, scratch);
+    return readSchemaDocument(JSON::parse(exceptionFactory, text, scratch));
+}
+
+SchemaDocument readSchemaDocument(JSON root) {
     const JSON typeId = root.getMember(Frame::typeId);
     if (!typeId.isString()) {
-        root.fail("Schema must specify a typeid string.");
+        (typeId.exists() ? typeId : root)
+            .report(typeId.exists() ? Rule::WrongType : Rule::MissingMember, "Schema must specify a typeid string.");
+    } else if (typeId.getStringView().empty()) {
+        typeId.report(Rule::EmptyValue, "The typeid string may not be empty.");
     }
-    SchemaDocument document{typeId.getString(), {}, {}, Units::SchemaFormat::PropertySets, {}, {}, {}, std::move(root)};
-    if (document.typeId.empty()) {
-        document.fail("The typeid string may not be empty.");
+    SchemaDocument document{typeId.isString() ? typeId.getString() : "",
+                            {},
+                            {},
+                            Units::SchemaFormat::PropertySets,
+                            {},
+                            {},
+                            {},
+                            std::move(root)};
+    if (!document.root.isObject()) {
+        return document;
     }
+    ignoreMembers(document.root, {Frame::sealed, Frame::downgradedFrom});
     readFormat(document.root, document);
     if (document.schemaType != Frame::enumType) {
         document.baseSchema = readBaseSchema(document.root);
     }
     document.constants = readConstants(document.root);
-    document.properties = SchemaMembers(readMemberArray(document.root, Frame::properties));
-    document.enumItems = SchemaMembers(readMemberArray(document.root, Frame::enumItems));
+    const auto readMemberSection = [&](std::string_view section) {
+        return SchemaMembers(section, readMemberArray(document.root, section), document.root.observer());
+    };
+    document.properties = readMemberSection(Frame::properties);
+    document.enumItems = readMemberSection(Frame::enumItems);
     return document;
 }
 
 std::string_view readString(const JSON& json) {
     const std::string_view text = readAnyString(json);
-    if (text.empty()) {
-        json.fail("Expected a non-empty string.");
+    if (text.empty() && json.isString()) {
+        json.report(Rule::EmptyValue, "Expected a non-empty string.");
     }
     return text;
 }
 
 std::string_view readAnyString(const JSON& json) {
     if (!json.isString()) {
-        json.fail("Expected a string.");
+        json.report(Rule::WrongType, "Expected a string.");
+        return {};
     }
     return json.getStringView();
 }
 
 double readNumber(const JSON& json) {
     if (!json.isNumber()) {
-        json.fail("Expected a number.");
+        json.report(Rule::WrongType, "Expected a number.");
+        return 0;
     }
     return json.getDouble();
 }
 
 std::int64_t readInteger(const JSON& json) {
     if (!json.isInt64()) {
-        json.fail("Expected an integer.");
+        json.report(Rule::WrongType, "Expected an integer.");
+        return 0;
     }
     return json.getInt64();
 }
 
 bool readBool(const JSON& json) {
     if (!json.isBool()) {
-        json.fail("Expected a Boolean value.");
+        json.report(Rule::WrongType, "Expected a Boolean value.");
+        return false;
     }
     return json.getBool();
 }
 
 std::string_view readTypedValue(const JSON& json) {
     if (!json.isObject()) {
-        json.fail("A typedValue must be an object.");
+        json.report(Rule::WrongType, "A typedValue must be an object.");
+        return {};
     }
     if (json.getSize() == 1) {
         // The form that nearly all have. Anything else is looked at as a whole, to say what is wrong with it.
@@ -216,22 +264,28 @@ std::string_view readTypedValue(const JSON& json) {
         }
     }
     const auto attributes = json.getStringMap();
-    if (attributes.size() != 1) {
-        json.fail("A typedValue object may not be empty and must contain a typeid attribute only.");
+    if (!attributes) {
+        return {};
     }
-    const auto& [key, typeId] = *attributes.begin();
+    if (attributes->size() != 1) {
+        json.report(Rule::WrongForm, "A typedValue object may not be empty and must contain a typeid attribute only.");
+        return {};
+    }
+    const auto& [key, typeId] = *attributes->begin();
     if (key != Frame::typeId) {
-        json.fail("A typedValue did not contain a typeid attribute.");
+        json.report(Rule::WrongForm, "A typedValue did not contain a typeid attribute.");
+        return {};
     }
     if (typeId.empty()) {
-        json.fail("A typeid attribute in a typedValue object may not be empty.");
+        json.report(Rule::EmptyValue, "A typeid attribute in a typedValue object may not be empty.");
     }
     return typeId;
 }
 
 std::vector<std::string_view> readTypedValueArray(const JSON& json) {
     if (!json.isArray()) {
-        json.fail("Expected an array of typedValue objects.");
+        json.report(Rule::WrongType, "Expected an array of typedValue objects.");
+        return {};
     }
     std::vector<std::string_view> typeIds;
     typeIds.reserve(json.getSize());
@@ -241,8 +295,9 @@ std::vector<std::string_view> readTypedValueArray(const JSON& json) {
     return typeIds;
 }
 
-void throwUndefinedConstant(const SchemaDocument& document, std::string_view key) {
-    document.fail(concat({"Schema ", document.typeId, " has an undefined ", key, " constant."}));
+void reportUndefinedConstant(const SchemaDocument& document, std::string_view key) {
+    document.report(Rule::MissingConstant,
+                    concat({"Schema ", document.typeId, " has an undefined ", key, " constant."}));
 }
 
 std::string_view readStringConstant(const SchemaDocument& document, std::string_view key,
@@ -286,14 +341,16 @@ std::optional<std::string_view> readTypeIdAttribute(const JSON& json) {
 std::string_view readPropertyTypeId(const SchemaDocument& document, std::string_view key) {
     const JSON* property = document.properties.find(key);
     if (property == nullptr) {
-        document.fail(concat({"Schema ", document.typeId, " has an undefined \"", key, "\" property."}));
+        document.report(Rule::MissingProperty,
+                        concat({"Schema ", document.typeId, " has an undefined \"", key, "\" property."}));
+        return {};
     }
     const auto typeId = readTypeIdAttribute(*property);
     if (!typeId) {
-        document.fail(
-            concat({"Property \"", key, "\" in schema ", document.typeId, " must specify a nonempty typeid string."}));
+        property->report(Rule::MissingMember, concat({"Property \"", key, "\" in schema ", document.typeId,
+                                                      " must specify a nonempty typeid string."}));
     }
-    return *typeId;
+    return typeId.value_or("");
 }
 
 } // namespace Parameters

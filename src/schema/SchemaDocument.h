@@ -26,16 +26,24 @@ struct SchemaMember {
 class SchemaMembers {
 public:
     SchemaMembers() = default;
-    /// Takes members that hold no id twice.
-    explicit SchemaMembers(std::vector<SchemaMember> members) noexcept : members_(std::move(members)) {}
+    /// Takes the section's name, its members, which hold no id twice, and who is told what is asked for, or null.
+    SchemaMembers(std::string_view section, std::vector<SchemaMember> members, ReadingObserver* observer) noexcept
+        : section_(section), members_(std::move(members)), observer_(observer) {}
 
-    [[nodiscard]] const JSON* find(std::string_view id) const noexcept;
+    [[nodiscard]] const JSON* find(std::string_view id) const;
 
     /// In ascending order of their ids.
     [[nodiscard]] std::vector<const SchemaMember*> sorted() const;
 
+    [[nodiscard]] bool empty() const noexcept { return members_.empty(); }
+    /// In the order of the document.
+    [[nodiscard]] auto begin() const noexcept { return members_.begin(); }
+    [[nodiscard]] auto end() const noexcept { return members_.end(); }
+
 private:
+    std::string_view section_;
     std::vector<SchemaMember> members_;
+    ReadingObserver* observer_ = nullptr;
 };
 
 /// The parsed frame of a schema document. Ids and views are valid as long as the root and the text that it was made of.
@@ -56,12 +64,16 @@ struct SchemaDocument {
 
     /// Throws the message in the exception type of whoever had the document read.
     [[noreturn]] void fail(const std::string& message) const { root.fail(message); }
+    /// Reports a fault of the document as a whole, as JSON does.
+    void report(Rule rule, const std::string& message) const { root.report(rule, message); }
 };
 
 /// Parses a text, which must outlive the document, and checks the frame. All errors of it, and of the readers below,
-/// are thrown through the factory.
+/// are thrown through the factory, or reported to its observer; then something empty stands in for what is at fault.
 [[nodiscard]] SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
                                                 JSON::Scratch* scratch = nullptr);
+/// The same for a text that has been parsed.
+[[nodiscard]] SchemaDocument readSchemaDocument(JSON root);
 
 /// What to do with the member of one key.
 template <class Handle> struct MemberHandler {
@@ -91,7 +103,7 @@ template <class... Handles> void readMembers(const SchemaMembers& section, const
 [[nodiscard]] std::string_view readTypedValue(const JSON& json);
 [[nodiscard]] std::vector<std::string_view> readTypedValueArray(const JSON& json);
 
-[[noreturn]] void throwUndefinedConstant(const SchemaDocument& document, std::string_view key);
+void reportUndefinedConstant(const SchemaDocument& document, std::string_view key);
 
 /// The value of a constant, read by one of the functions above, or the default. With neither: "Schema {typeid} has an
 /// undefined {key} constant."
@@ -100,7 +112,8 @@ template <class Result>
                                   Result (*read)(const JSON&)) {
     readMembers(document.constants, MemberHandler{key, [&](const JSON& json) { value = read(json); }});
     if (!value) {
-        throwUndefinedConstant(document, key);
+        reportUndefinedConstant(document, key);
+        return Result();
     }
     return *std::move(value);
 }

@@ -58,24 +58,30 @@ void readSpecConstant(const SchemaDocument& document, const ParameterForm& form,
 }
 
 /// The category that a family type takes as an override.
-std::string_view readFamilyTypeCategory(const SchemaDocument& document, const JSON& json, std::string_view spec) {
+std::string_view readFamilyTypeCategory(const JSON& json, std::string_view spec) {
     if (!containsPrefix(spec, Vocabulary::familyTypeSpec.majorPrefix)) {
-        document.fail("Reference parameter schema may use only major version 1 of the family type base spec.");
-    }
-    if (!json.hasMember(Frame::typedValue)) {
-        document.fail(concat({"Inline typedValue override is required when specifying the family type base schema ",
-                              spec, " in spec constant typedValue."}));
+        json.getMember(Frame::typeId)
+            .report(Rule::UnknownBase,
+                    "Reference parameter schema may use only major version 1 of the family type base spec.");
     }
     const JSON value = json.getMember(Frame::typedValue);
+    if (!value.exists()) {
+        json.report(Rule::MissingMember,
+                    concat({"Inline typedValue override is required when specifying the family type base schema ", spec,
+                            " in spec constant typedValue."}));
+        return {};
+    }
     if (!value.isObject()) {
-        document.fail("Inline typedValue override in spec constant typedValue must be an object.");
+        value.report(Rule::WrongType, "Inline typedValue override in spec constant typedValue must be an object.");
+        return {};
     }
     const auto category = readTypeIdAttribute(value.getMember(categoryKey));
     if (!category) {
-        document.fail("Inline typedValue override in spec constant typedValue must specify an object with a typeid "
-                      "string attribute for constant category.");
+        value.report(Rule::MissingMember,
+                     "Inline typedValue override in spec constant typedValue must specify an object with a typeid "
+                     "string attribute for constant category.");
     }
-    return *category;
+    return category.value_or("");
 }
 
 /// The spec of a reference parameter, which takes a family type with its category, too.
@@ -86,15 +92,21 @@ void readReferenceSpecConstant(const SchemaDocument& document, const ParameterFo
         MemberHandler{specKey, [&](const JSON& json) {
                           const auto spec = readTypeIdAttribute(json);
                           if (!spec) {
-                              document.fail(
+                              json.report(
+                                  Rule::MissingMember,
                                   concat({"Parameter schema ", document.typeId,
                                           " must specify a typeid string attribute in its spec constant typedValue."}));
+                              return;
                           }
                           schema.spec = *spec;
+                          if (spec->empty()) {
+                              return;
+                          }
                           if (containsPrefix(*spec, Vocabulary::familyTypeSpec.prefix)) {
-                              schema.range = CategoryReference{readFamilyTypeCategory(document, json, *spec)};
+                              schema.range = CategoryReference{readFamilyTypeCategory(json, *spec)};
                           } else if (json.hasMember(Frame::value) || json.hasMember(Frame::typedValue)) {
-                              document.fail(concat({"Inline value override for spec ", *spec, " is not permitted."}));
+                              json.report(Rule::WrongForm,
+                                          concat({"Inline value override for spec ", *spec, " is not permitted."}));
                           }
                       }});
 }
@@ -162,8 +174,8 @@ constexpr ParameterForm forms[] = {
 static_assert(std::size(forms) == 10, "one row for each form");
 
 Taxon resolveGroup(std::string_view typeId, const TypeIdKey& group, const StoreList<Taxon>& groupStores) {
-    return containsPrefix(group.typeId, Vocabulary::group.prefix) ? DefaultTaxa::groups().withTypeId(group.typeId)
-                                                                  : findDependency(groupStores, typeId, group);
+    return isDefaultGroup(group.typeId) ? DefaultTaxa::groups().withTypeId(group.typeId)
+                                        : findDependency(groupStores, typeId, group);
 }
 
 /// The range of a parameter document, by the alternative that its form gave it.
@@ -259,7 +271,7 @@ void addCommonParameterConstants(JSON::Writer& target, const Parameter& paramete
         createStringMember(target, "sampleText", parameter.getSampleText(), typed);
     }
     const std::string& group = typeIdOf(parameter.getGroup());
-    if (!containsPrefix(group, Vocabulary::group.prefix)) {
+    if (!isDefaultGroup(group)) {
         createTypedValueMember(target, "group", group);
     }
     if (parameter.isReadOnly()) {

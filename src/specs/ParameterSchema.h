@@ -5,6 +5,7 @@
 #include "schema/JSONWriter.h"
 #include "schema/SchemaDocument.h"
 #include "specs/ParameterData.h"
+#include "specs/PrimitiveSpecs.h"
 #include "specs/RangeConstant.h"
 
 #include <Parameters/DataModelVersion.h>
@@ -23,11 +24,15 @@ namespace Parameters {
 /// The typeid of a category that limits a parameter.
 struct CategoryReference {
     TypeIdKey typeId;
+
+    [[nodiscard]] ReferenceTo target() const noexcept { return {KindNames::category, isNeverBuiltIn}; }
 };
 
 /// The typeid of an enumeration that limits a parameter.
 struct EnumerationReference {
     TypeIdKey typeId;
+
+    [[nodiscard]] ReferenceTo target() const noexcept { return {KindNames::enumeration, isNeverBuiltIn}; }
 };
 
 /// A parameter document of any form that has been read and not yet resolved. Its texts are views into the document
@@ -57,15 +62,23 @@ struct ParameterSchema {
 [[nodiscard]] Spec resolveSpecOfParameter(std::string_view typeId, const ParameterSchema& schema,
                                           const StoreList<Spec>& specStores);
 
-/// Calls visit with each typeid that the schema waits for.
+/// Whether parameters may name the group without its being registered.
+[[nodiscard]] inline bool isDefaultGroup(std::string_view typeId) noexcept {
+    return containsPrefix(typeId, Vocabulary::group.prefix);
+}
+
+/// Whether parameters may name the spec without its being registered.
+[[nodiscard]] inline bool isLegacyBaseSpec(std::string_view typeId) { return findLegacyBaseSpec(typeId) != nullptr; }
+
+/// Calls visit with each typeid that the schema waits for, and what it is to refer to.
 template <class Visit> void dependenciesOfParameterSchema(ParameterSchema& schema, const Visit& visit) {
-    visit(schema.group);
-    visit(schema.spec);
+    visit(ReferenceTo{KindNames::group, isDefaultGroup}, schema.group);
+    visit(ReferenceTo{KindNames::spec, isLegacyBaseSpec}, schema.spec);
     std::visit(
         [&](auto& range) {
             if constexpr (!std::is_same_v<decltype(range), std::monostate&>) {
                 if (!range.typeId.typeId.empty()) {
-                    visit(range.typeId);
+                    visit(range.target(), range.typeId);
                 }
             }
         },
@@ -77,7 +90,7 @@ template <class Visit> void visitTexts(ParameterSchema& schema, const Visit& vis
     visit(schema.name);
     visit(schema.description);
     visit(schema.sampleText);
-    dependenciesOfParameterSchema(schema, [&](TypeIdKey& typeId) { visit(typeId.typeId); });
+    dependenciesOfParameterSchema(schema, [&](ReferenceTo /*target*/, TypeIdKey& typeId) { visit(typeId.typeId); });
 }
 
 /// Adds the typeids that a finished parameter depends on, those of its spec and its category included.

@@ -2,7 +2,9 @@
 
 #include "base/StoreList.h"
 #include "base/Text.h"
+#include "schema/ReferenceTo.h"
 #include "schema/SchemaDocument.h"
+#include "schema/Vocabulary.h"
 #include "taxonomy/NumericRangeSchema.h"
 #include "taxonomy/StringRangeSchema.h"
 
@@ -15,12 +17,21 @@
 
 namespace Parameters {
 
+// By the type of range.
+constexpr std::string_view kindNameOf(const std::optional<FloatRange>& /*range*/) { return KindNames::floatRange; }
+constexpr std::string_view kindNameOf(const std::optional<IntRange>& /*range*/) { return KindNames::intRange; }
+constexpr std::string_view kindNameOf(const std::optional<StringRange>& /*range*/) { return KindNames::stringRange; }
+
 /// The "range" constant of a parameter's document: nothing, the typeid of a range, or a range given inline under the
 /// typeid of a base schema.
 template <class Range> struct RangeConstant {
     /// Empty where the constant is missing.
     TypeIdKey typeId;
     std::optional<Range> inlineRange;
+
+    [[nodiscard]] ReferenceTo target() const noexcept {
+        return {kindNameOf(inlineRange), inlineRange ? isAlwaysBuiltIn : isNeverBuiltIn};
+    }
 };
 
 /// Reads the inline value of a range, given the base schema that the constant names.
@@ -41,33 +52,43 @@ inline void readInlineRange(std::string_view base, const JSON& value, Units::Sch
 template <class Range, class Bases>
 [[nodiscard]] RangeConstant<Range> readRangeConstant(const SchemaDocument& document, const Bases& inlineBases) {
     RangeConstant<Range> constant;
-    readMembers(document.constants,
-                MemberHandler{
-                    "range", [&](const JSON& json) {
-                        const auto rangeTypeId = readTypeIdAttribute(json);
-                        if (!rangeTypeId) {
-                            document.fail(
-                                concat({"Schema ", document.typeId,
-                                        " must specify a typeid string attribute in its range constant typedValue."}));
-                        }
-                        const std::string_view typeId = *rangeTypeId;
-                        constant.typeId = typeId;
-                        const JSON value = json.getMember(Frame::value);
-                        if (std::find(inlineBases.begin(), inlineBases.end(), typeId) != inlineBases.end()) {
-                            if (!json.hasMember(Frame::value)) {
-                                document.fail(concat({"Inline value override is required when specifying range schema ",
+    readMembers(
+        document.constants,
+        MemberHandler{"range", [&](const JSON& json) {
+                          const auto rangeTypeId = readTypeIdAttribute(json);
+                          if (!rangeTypeId) {
+                              json.report(Rule::MissingMember,
+                                          concat({"Schema ", document.typeId,
+                                                  " must specify a typeid string attribute in its range constant "
+                                                  "typedValue."}));
+                              return;
+                          }
+                          const std::string_view typeId = *rangeTypeId;
+                          if (typeId.empty()) {
+                              return;
+                          }
+                          constant.typeId = typeId;
+                          const JSON value = json.getMember(Frame::value);
+                          if (std::find(inlineBases.begin(), inlineBases.end(), typeId) != inlineBases.end()) {
+                              if (!value.exists()) {
+                                  json.report(Rule::MissingMember,
+                                              concat({"Inline value override is required when specifying range schema ",
                                                       typeId, " in range constant typedValue."}));
-                            }
-                            if (!value.isObject()) {
-                                document.fail("Inline value override in range constant typedValue must be an object.");
-                            }
-                            readInlineRange(typeId, value, document.schemaFormat, constant.inlineRange);
-                        } else if (json.hasMember(Frame::value) && (!value.isObject() || value.getSize() != 0)) {
-                            document.fail(
-                                concat({"Inline value override for range schema ", typeId,
-                                        " in range constant typedValue, if present, must be an empty object."}));
-                        }
-                    }});
+                              } else if (!value.isObject()) {
+                                  value.report(Rule::WrongType,
+                                               "Inline value override in range constant typedValue must be an object.");
+                              } else {
+                                  readInlineRange(typeId, value, document.schemaFormat, constant.inlineRange);
+                                  return;
+                              }
+                              constant.typeId = {};
+                          } else if (value.exists() && (!value.isObject() || value.getSize() != 0)) {
+                              value.report(Rule::WrongForm,
+                                           concat({"Inline value override for range schema ", typeId,
+                                                   " in range constant typedValue, if present, must be an empty "
+                                                   "object."}));
+                          }
+                      }});
     return constant;
 }
 

@@ -46,13 +46,15 @@ constexpr std::string_view valueAttributes =
 std::vector<std::string> readTypeIdObjects(const JSON& json, bool (*sizeIsRight)(std::uint32_t),
                                            const std::string& message) {
     if (!json.isArray() || !sizeIsRight(json.getSize())) {
-        json.fail(message);
+        json.report(Rule::WrongForm, message);
+        return {};
     }
     std::vector<std::string> typeIds;
     for (std::uint32_t i = 0; i < json.getSize(); ++i) {
         const auto typeId = readTypeIdAttribute(json.getElement(i));
         if (!typeId) {
-            json.fail(message);
+            element.report(Rule::WrongForm, message);
+            continue;
         }
         typeIds.emplace_back(*typeId);
     }
@@ -64,7 +66,7 @@ AnyOf readAnyOf(const SchemaDocument& document, const JSON& json) {
         json, [](std::uint32_t size) { return size == 1; },
         concat({"Attribute \"anyOf\" in \"value\" property of schema ", document.typeId,
                 " expects an array containing exactly one object with a \"typeid\" string attribute."}));
-    return AnyOf(typeIds.front());
+    return AnyOf(typeIds.empty() ? std::string() : typeIds.front());
 }
 
 OneOf readOneOf(const SchemaDocument& document, const JSON& json) {
@@ -78,11 +80,15 @@ Context readContext(const JSON& property) {
     if (!property.hasMember("context")) {
         return Context::Single;
     }
-    const std::string_view word = readString(property.getMember("context"));
+    const JSON context = property.getMember("context");
+    const std::string_view word = readString(context);
     const auto* named = std::find_if(contextWords.begin(), contextWords.end(),
                                      [&](const ContextWord& candidate) { return candidate.word == word; });
     if (named == contextWords.end()) {
-        property.fail("Expected an array/map/single context.");
+        if (!word.empty()) {
+            context.report(Rule::WrongForm, "Expected an array/map/single context.");
+        }
+        return Context::Single;
     }
     return named->context;
 }
@@ -94,7 +100,7 @@ ComplexSpecSchema readValueProperty(const SchemaDocument& document, const JSON& 
     }
     const auto requireUnset = [&] {
         if (schema.value) {
-            property.fail(std::string(valueAttributes));
+            property.report(Rule::WrongForm, std::string(valueAttributes));
         }
     };
     if (property.hasMember("anyOf")) {
@@ -106,7 +112,7 @@ ComplexSpecSchema readValueProperty(const SchemaDocument& document, const JSON& 
         schema.value = readOneOf(document, property.getMember("oneOf"));
     }
     if (!schema.value) {
-        property.fail(std::string(valueAttributes));
+        property.report(Rule::MissingMember, std::string(valueAttributes));
     }
     schema.context = readContext(property);
     return schema;
@@ -150,7 +156,7 @@ constexpr std::array<SpecShape, 6> shapes = {{
 /// The discipline under its typeid. Those of the base discipline need none registered and are of the legacy format,
 /// whichever version they name.
 Taxon resolveDiscipline(std::string_view typeId, const SpecSchema& schema, const StoreList<Taxon>& disciplineStores) {
-    if (!containsPrefix(schema.discipline.typeId, Vocabulary::discipline.prefix)) {
+    if (!isDefaultDiscipline(schema.discipline.typeId)) {
         return findDependency(disciplineStores, typeId, schema.discipline);
     }
     return {std::string(schema.discipline.typeId), std::string(Vocabulary::defaultDisciplineName),
@@ -199,15 +205,11 @@ ValueTypeId valueTypeOfBase(std::string_view baseSchema) {
 
 /// What a complex spec declares goes before what its base stands for.
 ValueTypeId resolveValueType(SpecSchema& schema) {
-    if (auto* complex = std::get_if<ComplexSpecSchema>(&schema.shape)) {
-        if (complex->value) {
-            return *std::move(complex->value);
-        }
-        if (schema.schemaFormat != Units::SchemaFormat::PropertySets) {
-            throw ValidationException("Complex spec schema must declare a value property.");
-        }
+    if (const char* fault = faultOfValueType(schema)) {
+        throw ValidationException(fault);
     }
-    return valueTypeOfBase(schema.baseSchema);
+    auto* complex = std::get_if<ComplexSpecSchema>(&schema.shape);
+    return complex != nullptr && complex->value ? *std::move(complex->value) : valueTypeOfBase(schema.baseSchema);
 }
 
 } // namespace
@@ -227,6 +229,13 @@ std::optional<SpecSchema> readSpecSchema(const SchemaDocument& document) {
     schema.schemaFormat = document.schemaFormat;
     shape->readBody(document, schema);
     return schema;
+}
+
+const char* faultOfValueType(const SpecSchema& schema) {
+    const auto* complex = std::get_if<ComplexSpecSchema>(&schema.shape);
+    return complex != nullptr && !complex->value && schema.schemaFormat != Units::SchemaFormat::PropertySets
+               ? "Complex spec schema must declare a value property."
+               : nullptr;
 }
 
 Spec resolveSpec(std::string_view typeId, SpecSchema schema, const StoreList<Taxon>& disciplineStores,
@@ -301,9 +310,7 @@ bool isBuiltInSpec(const Spec& spec) {
     });
 }
 
-bool hasDefaultDiscipline(const Spec& spec) {
-    return containsPrefix(typeIdOf(spec.getDiscipline()), Vocabulary::discipline.prefix);
-}
+bool hasDefaultDiscipline(const Spec& spec) { return isDefaultDiscipline(typeIdOf(spec.getDiscipline())); }
 
 void addCommonSpecConstants(JSON::Writer& target, const Spec& spec, bool typed,
                             std::optional<std::string_view> defaultName = std::nullopt) {

@@ -4,7 +4,9 @@
 #include "base/StoreList.h"
 #include "schema/DataModels.h"
 #include "schema/JSONWriter.h"
+#include "schema/ReferenceTo.h"
 #include "schema/SchemaDocument.h"
+#include "schema/Vocabulary.h"
 #include "specs/UnitFinder.h"
 
 #include <Parameters/DataModelVersion.h>
@@ -45,12 +47,20 @@ struct SpecSchema {
 /// No value if the document is no spec.
 [[nodiscard]] std::optional<SpecSchema> readSpecSchema(const SchemaDocument& document);
 
+/// Why resolveSpec() will refuse the schema, whatever is registered; null if it will not.
+[[nodiscard]] const char* faultOfValueType(const SpecSchema& schema);
+
 [[nodiscard]] Spec resolveSpec(std::string_view typeId, SpecSchema schema, const StoreList<Taxon>& disciplineStores,
                                UnitFinder& units);
 
-/// Calls visit with each typeid that the schema waits for in this library.
+/// Whether specs may name the discipline without its being registered.
+[[nodiscard]] inline bool isDefaultDiscipline(std::string_view typeId) noexcept {
+    return containsPrefix(typeId, Vocabulary::discipline.prefix);
+}
+
+/// Calls visit with each typeid that the schema waits for in this library, and what it is to refer to.
 template <class Visit> void dependenciesOfSpecSchema(SpecSchema& schema, const Visit& visit) {
-    visit(schema.discipline);
+    visit(ReferenceTo{KindNames::discipline, isDefaultDiscipline}, schema.discipline);
 }
 
 /// Calls visit with each typeid that the schema waits for in the units library.
@@ -68,7 +78,7 @@ template <class Visit> void visitTexts(SpecSchema& schema, const Visit& visit) {
     visit(schema.name);
     visit(schema.baseSchema);
     const auto visitTypeId = [&](TypeIdKey& typeId) { visit(typeId.typeId); };
-    dependenciesOfSpecSchema(schema, visitTypeId);
+    dependenciesOfSpecSchema(schema, [&](ReferenceTo /*target*/, TypeIdKey& typeId) { visitTypeId(typeId); });
     unitDependenciesOfSpecSchema(schema, visitTypeId);
 }
 

@@ -3,7 +3,9 @@
 #include "base/DependencyCollector.h"
 #include "base/StoreList.h"
 #include "schema/JSONWriter.h"
+#include "schema/ReferenceTo.h"
 #include "schema/SchemaDocument.h"
+#include "schema/Vocabulary.h"
 
 #include <Parameters/Category.h>
 #include <Parameters/DataModelVersion.h>
@@ -44,23 +46,23 @@ using CategorySchema = std::variant<MajorCategorySchema, SubCategorySchema>;
 
 void writeCategorySchema(const Category& category, JSON::Writer& target, DataModelVersion version);
 
-/// Calls visit with each typeid that the schema waits for.
+/// Calls visit with each typeid that the schema waits for, and what it is to refer to.
 template <class Visit> void dependenciesOfCategorySchema(CategorySchema& schema, const Visit& visit) {
     if (auto* sub = std::get_if<SubCategorySchema>(&schema)) {
-        visit(sub->parent);
+        visit(ReferenceTo{KindNames::category, isNeverBuiltIn}, sub->parent);
         return;
     }
     auto& major = std::get<MajorCategorySchema>(schema);
     for (TypeIdKey& discipline : major.disciplines) {
-        visit(discipline);
+        visit(ReferenceTo{KindNames::discipline, isNeverBuiltIn}, discipline);
     }
-    visit(major.domain);
+    visit(ReferenceTo{KindNames::domain, isNeverBuiltIn}, major.domain);
 }
 
 /// Calls visit with each text of the schema, which visit may replace by an equal one.
 template <class Visit> void visitTexts(CategorySchema& schema, const Visit& visit) {
     std::visit([&](auto& shape) { visit(shape.name); }, schema);
-    dependenciesOfCategorySchema(schema, [&](TypeIdKey& typeId) { visit(typeId.typeId); });
+    dependenciesOfCategorySchema(schema, [&](ReferenceTo /*target*/, TypeIdKey& typeId) { visit(typeId.typeId); });
 }
 
 /// Adds the typeids that a finished category depends on, those of a subcategory's parent included. A parent that the

@@ -25,15 +25,15 @@ std::string_view readSpecMember(const SchemaDocument& document, const JSON& memb
     }
     const JSON value = member.getMember(Frame::value);
     if (!value.isObject() || value.getSize() != 0) {
-        document.fail(concat(
-            {"Value of spec constant in enumeration parameter schema ", document.typeId, " must be an empty object."}));
+        value.report(Rule::WrongForm, concat({"Value of spec constant in enumeration parameter schema ",
+                                              document.typeId, " must be an empty object."}));
     }
     const auto spec = readTypeIdAttribute(member);
     if (!spec) {
-        document.fail(concat({"Spec constant in enumeration parameter schema ", document.typeId,
-                              " must specify a nonempty typeid string."}));
+        member.report(Rule::MissingMember, concat({"Spec constant in enumeration parameter schema ", document.typeId,
+                                                   " must specify a nonempty typeid string."}));
     }
-    return *spec;
+    return spec.value_or("");
 }
 
 } // namespace
@@ -46,17 +46,22 @@ std::optional<EnumerationSchema> readEnumerationSchema(const SchemaDocument& doc
     EnumerationSchema schema{{}, document.schemaFormat};
     for (const SchemaMember* item : items->sorted()) {
         if (item->id.empty()) {
-            document.fail(concat({"ID of value in enumeration schema ", document.typeId, " must not be empty."}));
+            item->json.report(Rule::EmptyValue,
+                              concat({"ID of value in enumeration schema ", document.typeId, " must not be empty."}));
         }
         const JSON number = item->json.getMember(Frame::value);
         if (!number.isInt64()) {
-            document.fail(concat(
-                {"Value ", item->id, " in enumeration schema ", document.typeId, " must specify an integer value."}));
+            (number.exists() ? number : item->json)
+                .report(number.exists() ? Rule::WrongType : Rule::MissingMember,
+                        concat({"Value ", item->id, " in enumeration schema ", document.typeId,
+                                " must specify an integer value."}));
+            continue;
         }
         schema.values.emplace_back(item->id, number.getInt64());
     }
-    if (schema.values.empty()) {
-        document.fail(concat({"Enumeration schema ", document.typeId, " must specify at least one value."}));
+    if (items->empty()) {
+        document.report(Rule::MissingMember,
+                        concat({"Enumeration schema ", document.typeId, " must specify at least one value."}));
     }
     // Stable: values with one number stay in the order of their ids.
     std::stable_sort(schema.values.begin(), schema.values.end(),
@@ -92,7 +97,9 @@ void writeEnumerationSchema(const Enumeration& enumeration, JSON::Writer& target
 EnumerationParameterSchema readEnumerationParameterSchema(const SchemaDocument& document) {
     EnumerationParameterSchema schema{readPropertyTypeId(document, Frame::value), {}};
     if (document.constants.find("spec") == nullptr) {
-        document.fail(concat({"Enumeration parameter schema ", document.typeId, " has an undefined spec constant."}));
+        document.report(Rule::MissingConstant,
+                        concat({"Enumeration parameter schema ", document.typeId, " has an undefined spec constant."}));
+        return schema;
     }
     // The map of constants holds values, but here the member's own "typeid" counts.
     const JSON constants = document.root.getMember(Frame::constants);

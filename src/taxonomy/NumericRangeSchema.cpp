@@ -27,9 +27,12 @@ template <class Range> NumberOf<Range> readBoundaryConstant(const SchemaDocument
 bool readInlineFlag(const JSON& value, std::string_view key) {
     const JSON flag = value.getMember(key);
     if (!flag.isBool()) {
-        value.fail(concat({"Inline value override in range constant typedValue must specify a Boolean value for "
-                           "constant ",
-                           key, "."}));
+        (flag.exists() ? flag : value)
+            .report(flag.exists() ? Rule::WrongType : Rule::MissingMember,
+                    concat({"Inline value override in range constant typedValue must specify a Boolean value for "
+                            "constant ",
+                            key, "."}));
+        return false;
     }
     return flag.getBool();
 }

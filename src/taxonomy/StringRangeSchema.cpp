@@ -6,6 +6,7 @@
 #include "taxonomy/StringRangeData.h"
 
 #include <cstdint>
+#include <set>
 #include <utility>
 
 namespace Parameters {
@@ -15,21 +16,36 @@ namespace {
 constexpr std::string_view allowedValuesKey = "allowedValues";
 constexpr std::string_view regexKey = "regex";
 
+/// The first elements, which are strings, hold some more than once.
+void reportRepeatedValues(const JSON& json, std::uint32_t count) {
+    std::set<std::string_view> values;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const JSON element = json.getElement(i);
+        if (!values.insert(element.getStringView()).second) {
+            element.report(Rule::RepeatedValue, "Expected an array of unique strings.");
+        }
+    }
+}
+
 SetStringRangeComponent readSet(const JSON& json) {
     if (!json.isArray()) {
-        json.fail("Expected an array.");
+        json.report(Rule::WrongType, "Expected an array.");
+        return {};
     }
     SetStringRangeComponent set;
     std::uint32_t count = 0;
     for (; count < json.getSize() && json.getElement(count).isString(); ++count) {
         StringRangeInternals::addValue(set, json.getElement(count).getStringView());
     }
-    // Of what is wrong with an array that is told which comes first.
+    // Of what is wrong with an array that is told first which comes first.
     if (repeatedValueOf(set)) {
-        json.fail("Expected an array of unique strings.");
+        reportRepeatedValues(json, count);
     }
-    if (count < json.getSize()) {
-        json.fail("Expected an array of strings.");
+    for (; count < json.getSize(); ++count) {
+        const JSON element = json.getElement(count);
+        if (!element.isString()) {
+            element.report(Rule::WrongType, "Expected an array of strings.");
+        }
     }
     return set;
 }
@@ -91,25 +107,31 @@ void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, Data
 StringRange readInlineStringRange(std::string_view baseTypeId, const JSON& value, Units::SchemaFormat format) {
     if (containsPrefix(baseTypeId, Vocabulary::setStringRange.prefix)) {
         SetStringRangeComponent set;
-        if (value.hasMember(allowedValuesKey)) {
-            set = readSet(value.getMember(allowedValuesKey));
+        const JSON values = value.getMember(allowedValuesKey);
+        if (values.exists()) {
+            set = readSet(values);
         }
-        if (StringRangeInternals::isEmpty(set)) {
-            value.fail("Inline value override in range constant typedValue must specify a non-empty array of unique "
-                       "string values for constant allowedValues.");
+        if (!values.exists() || (values.isArray() && values.getSize() == 0)) {
+            (values.exists() ? values : value)
+                .report(values.exists() ? Rule::EmptyValue : Rule::MissingMember,
+                        "Inline value override in range constant typedValue must specify a non-empty array of unique "
+                        "string values for constant allowedValues.");
         }
         return {set, format};
     }
     if (containsPrefix(baseTypeId, Vocabulary::regexStringRange.prefix)) {
         if (!value.hasMember(regexKey)) {
-            value.fail("Inline value override in range constant typedValue must specify a string value for constant "
-                       "regex.");
+            value.report(Rule::MissingMember,
+                         "Inline value override in range constant typedValue must specify a string value for constant "
+                         "regex.");
+            return {RegexStringRangeComponent(std::string()), format};
         }
         return {RegexStringRangeComponent(std::string(readAnyString(value.getMember(regexKey)))), format};
     }
     if (value.getSize() != 0) {
-        value.fail("Inline value override for default string range in range constant typedValue, if present, must be "
-                   "an empty object.");
+        value.report(Rule::WrongForm,
+                     "Inline value override for default string range in range constant typedValue, if present, must be "
+                     "an empty object.");
     }
     return {};
 }

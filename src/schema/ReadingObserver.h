@@ -1,0 +1,33 @@
+#pragma once
+
+#include "schema/Rule.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Parameters {
+
+class JSON;
+
+/// Follows the reading of a document that goes on behind faults, with a default in place of what is at fault. Without
+/// an observer the first fault is thrown.
+class ReadingObserver {
+public:
+    /// The text is no JSON from that offset on; nothing of it is read.
+    virtual void syntaxError(std::size_t offset, const std::string& message) = 0;
+    /// A value, or what it lacks, breaks a rule.
+    virtual void fault(Rule rule, const JSON& value, const std::string& message) = 0;
+    /// A member of an object has been asked for, whether or not there is one.
+    virtual void askedForMember(const JSON& object, std::string_view key) = 0;
+    /// An entry of "constants", "properties" or "enum" has been asked for, whether or not there is one.
+    virtual void askedForEntry(std::string_view section, std::string_view id) = 0;
+
+protected:
+    ReadingObserver() = default;
+    ReadingObserver(const ReadingObserver&) = default;
+    ReadingObserver& operator=(const ReadingObserver&) = default;
+    ~ReadingObserver() = default;
+};
+
+} // namespace Parameters
