@@ -303,6 +303,8 @@ public:
     /// @}
 
 private:
+    friend struct Internals;
+
     /// Null only in an engine that has been moved from.
     std::unique_ptr<EngineImpl> impl_;
 };

@@ -6,8 +6,12 @@
 
 namespace Parameters {
 
-/// The library's way to the immutable data behind a value class.
+/// The library's way to the data behind its public classes.
 struct Internals {
+    template <class Engine> [[nodiscard]] static const auto& implOf(const Engine& engine) noexcept {
+        return *engine.impl_;
+    }
+
     template <class Value> [[nodiscard]] static const auto& dataOf(const Value& value) noexcept { return *value.data_; }
 
     /// The same, to keep.

@@ -18,6 +18,7 @@ public:
     ~Boxed() = default;
 
     [[nodiscard]] Value& operator*() noexcept { return *value_; }
+    [[nodiscard]] const Value& operator*() const noexcept { return *value_; }
 
     /// The value, whose memory is free from then on.
     [[nodiscard]] Value take() noexcept {

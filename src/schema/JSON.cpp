@@ -238,16 +238,16 @@ struct JSON::Access {
     /// Recurses once for each level, which parse() has bounded.
     static void walk(const Value& value, Node node, const std::function<void(const Node&)>& visit) {
         node.identity = &value;
-        node.characters = value.IsString() ? value.GetString() : nullptr;
+        node.text = value.IsString() ? text(value) : std::string_view();
         visit(node);
         if (value.IsObject()) {
             for (const auto& member : value.GetObject()) {
-                walk(member.value, {nullptr, &value, {member.name.GetString(), member.name.GetStringLength()}, nullptr},
+                walk(member.value, {nullptr, &value, {member.name.GetString(), member.name.GetStringLength()}, {}},
                      visit);
             }
         } else if (value.IsArray()) {
             for (const Value& element : value.GetArray()) {
-                walk(element, {nullptr, &value, {}, nullptr}, visit);
+                walk(element, {}, visit);
             }
         }
     }
@@ -318,10 +318,11 @@ std::uint32_t JSON::getSize() const {
 bool JSON::hasMember(std::string_view key) const { return getMember(key).exists(); }
 
 JSON JSON::getMember(std::string_view key) const {
+    JSON found(Access::find(*this, key), exceptionFactory_);
     if (observer() != nullptr) {
-        observer()->askedForMember(*this, key);
+        observer()->askedForMember(*this, key, found);
     }
-    return {Access::find(*this, key), exceptionFactory_};
+    return found;
 }
 
 JSON JSON::getElement(std::uint32_t index) const { return {&Access::value(*this)[index], exceptionFactory_}; }

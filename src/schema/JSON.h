@@ -81,7 +81,9 @@ public:
     [[nodiscard]] JSON getMember(std::string_view key) const;
     /// Of a view that getMember() gave: whether there is such a member.
     [[nodiscard]] bool exists() const noexcept { return viewed_ != nullptr; }
-    /// A view of one element.
+    /// A view of the same value.
+    [[nodiscard]] JSON view() const noexcept { return {viewed_, exceptionFactory_}; }
+    /// A view of one element of an array.
     [[nodiscard]] JSON getElement(std::uint32_t index) const;
     /// Keys and values of an object of strings; the last of several members of one name counts. They are valid as those
     /// of getStringView(). Nothing where an observer has been told of a value of another type.
@@ -100,12 +102,11 @@ public:
     /// A value met by walk().
     struct Node {
         const void* identity;
-        /// The object or array that it stands in; null of the root.
-        const void* parent;
-        /// Its name in the object that it stands in.
+        /// The object that it is a member of, or null, and its name there.
+        const void* object;
         std::string_view key;
-        /// Where the characters of a string are.
-        const char* characters;
+        /// The characters of a string, at the same place as those of getStringView(); without data of other values.
+        std::string_view text;
     };
     /// Calls visit with each value, in the order of the text: containers come before what is in them.
     void walk(const std::function<void(const Node&)>& visit) const;

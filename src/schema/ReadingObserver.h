@@ -9,6 +9,7 @@
 namespace Parameters {
 
 class JSON;
+struct SchemaMember;
 
 /// Follows the reading of a document that goes on behind faults, with a default in place of what is at fault. Without
 /// an observer the first fault is thrown.
@@ -18,10 +19,10 @@ public:
     virtual void syntaxError(std::size_t offset, const std::string& message) = 0;
     /// A value, or what it lacks, breaks a rule.
     virtual void fault(Rule rule, const JSON& value, const std::string& message) = 0;
-    /// A member of an object has been asked for, whether or not there is one.
-    virtual void askedForMember(const JSON& object, std::string_view key) = 0;
-    /// An entry of "constants", "properties" or "enum" has been asked for, whether or not there is one.
-    virtual void askedForEntry(std::string_view section, std::string_view id) = 0;
+    /// A member of a value has been asked for. What was found is a handle that has nothing where there is none.
+    virtual void askedForMember(const JSON& value, std::string_view key, const JSON& found) = 0;
+    /// An entry of "constants", "properties" or "enum" has been asked for. What was found is null where there is none.
+    virtual void askedForEntry(std::string_view section, std::string_view id, const SchemaMember* found) = 0;
 
 protected:
     ReadingObserver() = default;

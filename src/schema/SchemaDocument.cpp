@@ -68,7 +68,7 @@ private:
 void ignoreMembers(const JSON& object, std::initializer_list<std::string_view> keys) {
     if (object.observer() != nullptr) {
         for (const std::string_view key : keys) {
-            object.observer()->askedForMember(object, key);
+            static_cast<void>(object.getMember(key));
         }
     }
 }
@@ -154,12 +154,13 @@ std::string_view readBaseSchema(const JSON& root) {
 } // namespace
 
 const JSON* SchemaMembers::find(std::string_view id) const {
-    if (observer_ != nullptr) {
-        observer_->askedForEntry(section_, id);
-    }
-    const auto found =
+    const auto place =
         std::find_if(members_.begin(), members_.end(), [id](const SchemaMember& member) { return member.id == id; });
-    return found != members_.end() ? &found->json : nullptr;
+    const SchemaMember* found = place != members_.end() ? &*place : nullptr;
+    if (observer_ != nullptr) {
+        observer_->askedForEntry(section_, id, found);
+    }
+    return found != nullptr ? &found->json : nullptr;
 }
 
 std::vector<const SchemaMember*> SchemaMembers::sorted() const {
@@ -167,6 +168,9 @@ std::vector<const SchemaMember*> SchemaMembers::sorted() const {
     order.reserve(members_.size());
     for (const SchemaMember& member : members_) {
         order.push_back(&member);
+        if (observer_ != nullptr) {
+            observer_->askedForEntry(section_, member.id, &member);
+        }
     }
     std::sort(order.begin(), order.end(),
               [](const SchemaMember* left, const SchemaMember* right) { return left->id < right->id; });

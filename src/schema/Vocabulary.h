@@ -169,6 +169,53 @@ inline constexpr std::array<std::string_view, 19> builtInTypeIds = {
     group.fullFrame,
 };
 
+/// All bases that documents can have, but for those of the units library.
+inline constexpr std::array documentBases = {
+    discipline.shortFrame,
+    discipline.fullFrame,
+    domain.shortFrame,
+    domain.fullFrame,
+    majorCategory.shortFrame,
+    majorCategory.fullFrame,
+    subCategory.shortFrame,
+    subCategory.fullFrame,
+    group.shortFrame,
+    group.fullFrame,
+    floatRange.shortFrame,
+    floatRange.fullFrame,
+    intRange.shortFrame,
+    intRange.fullFrame,
+    setStringRange.shortFrame,
+    setStringRange.fullFrame,
+    regexStringRange.shortFrame,
+    regexStringRange.fullFrame,
+    enumeration,
+    generalSpec.shortFrame,
+    generalSpec.fullFrame,
+    legacyMeasurableSpec,
+    measurableSpec.shortFrame,
+    measurableSpec.fullFrame,
+    booleanSpec.typeId,
+    integerSpec.typeId,
+    referenceSpec.typeId,
+    stringSpec.typeId,
+    generalParameter.shortFrame,
+    generalParameter.fullFrame,
+    categorizedParameter.shortFrame,
+    categorizedParameter.fullFrame,
+    rangedFloatParameter.shortFrame,
+    rangedFloatParameter.fullFrame,
+    rangedIntParameter.shortFrame,
+    rangedIntParameter.fullFrame,
+    rangedStringParameter.shortFrame,
+    rangedStringParameter.fullFrame,
+    booleanParameter.typeId,
+    integerParameter.typeId,
+    measurableParameter.typeId,
+    referenceParameter.typeId,
+    stringParameter.typeId,
+};
+
 /// Few others begin like this.
 inline constexpr std::string_view builtInBeginning = "quovanta.";
 
@@ -196,6 +243,8 @@ inline constexpr std::string_view group = "group";
 inline constexpr std::string_view parameter = "parameter";
 inline constexpr std::string_view domain = "domain";
 inline constexpr std::string_view category = "category";
+/// Of the units library.
+inline constexpr std::string_view unit = "unit";
 
 } // namespace Parameters::KindNames
 

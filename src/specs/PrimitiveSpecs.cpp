@@ -87,10 +87,14 @@ std::optional<LegacyPrimitiveType> primitiveTypeOf(const ValueTypeId& valueTypeI
     return name != nullptr ? legacyPrimitiveTypeOf(*name) : std::nullopt;
 }
 
-bool isLegacyValueTypeName(std::string_view name) {
-    return name.find('-') != std::string_view::npos || legacyPrimitiveTypeOf(name) ||
+bool isPrimitiveName(std::string_view name) {
+    return legacyPrimitiveTypeOf(name) ||
            std::find(legacyValueTypeNames.begin(), legacyValueTypeNames.end(), name) != legacyValueTypeNames.end() ||
            beginsWithPrefix(name, "Reference<");
+}
+
+bool isLegacyValueTypeName(std::string_view name) {
+    return name.find('-') != std::string_view::npos || isPrimitiveName(name);
 }
 
 } // namespace Parameters

@@ -36,6 +36,9 @@ inline constexpr std::array<PrimitiveSpec, 4> primitiveSpecs = {{
 /// The primitive type behind a value type: itself, or that of its name.
 [[nodiscard]] std::optional<LegacyPrimitiveType> primitiveTypeOf(const ValueTypeId& valueTypeId);
 
+/// Whether the name is that of a primitive type of any data model, and not a typeid.
+[[nodiscard]] bool isPrimitiveName(std::string_view name);
+
 /// Whether older data models can read the name as a value type.
 [[nodiscard]] bool isLegacyValueTypeName(std::string_view name);
 

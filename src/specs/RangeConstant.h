@@ -17,6 +17,8 @@
 
 namespace Parameters {
 
+inline constexpr std::string_view rangeKey = "range";
+
 // By the type of range.
 constexpr std::string_view kindNameOf(const std::optional<FloatRange>& /*range*/) { return KindNames::floatRange; }
 constexpr std::string_view kindNameOf(const std::optional<IntRange>& /*range*/) { return KindNames::intRange; }
@@ -54,7 +56,7 @@ template <class Range, class Bases>
     RangeConstant<Range> constant;
     readMembers(
         document.constants,
-        MemberHandler{"range", [&](const JSON& json) {
+        MemberHandler{rangeKey, [&](const JSON& json) {
                           const auto rangeTypeId = readTypeIdAttribute(json);
                           if (!rangeTypeId) {
                               json.report(Rule::MissingMember,

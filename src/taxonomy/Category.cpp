@@ -57,9 +57,12 @@ const std::string* parentOf(const Category& category) noexcept {
     return component != nullptr ? &CategoryInternals::parentOf(*component) : nullptr;
 }
 
+std::string parentNotMajorMessage(std::string_view parentTypeId, std::string_view typeId) {
+    return concat({"Parent ", parentTypeId, " of subcategory ", typeId, " is not a major category."});
+}
+
 void throwParentNotMajor(const std::string& parentTypeId, const std::string& typeId) {
-    throw ValidationException(
-        concat({"Parent ", parentTypeId, " of subcategory ", typeId, " is not a major category."}));
+    throw ValidationException(parentNotMajorMessage(parentTypeId, typeId));
 }
 
 namespace {

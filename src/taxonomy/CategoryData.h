@@ -40,6 +40,7 @@ struct CategoryInternals {
 [[nodiscard]] const std::string* parentOf(const Category& category) noexcept;
 
 /// Of a subcategory whose parent is missing or a subcategory itself.
+[[nodiscard]] std::string parentNotMajorMessage(std::string_view parentTypeId, std::string_view typeId);
 [[noreturn]] void throwParentNotMajor(const std::string& parentTypeId, const std::string& typeId);
 
 /// A category that a caller built, rebuilt from the taxa that the engine knows; refuses one without a name, with

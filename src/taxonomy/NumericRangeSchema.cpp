@@ -13,11 +13,6 @@ namespace Parameters {
 
 namespace {
 
-constexpr std::string_view fromBottomKey = "fromBottom";
-constexpr std::string_view bottomBoundaryKey = "bottomBoundary";
-constexpr std::string_view fromTopKey = "fromTop";
-constexpr std::string_view topBoundaryKey = "topBoundary";
-
 template <class Range> using NumberOf = typename NumericRangeFamily<Range>::Number;
 
 template <class Range> NumberOf<Range> readBoundaryConstant(const SchemaDocument& document, std::string_view key) {

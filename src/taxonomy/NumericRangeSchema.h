@@ -8,9 +8,16 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Parameters {
+
+// The constants of a range document, and the members of an inline range.
+inline constexpr std::string_view fromBottomKey = "fromBottom";
+inline constexpr std::string_view bottomBoundaryKey = "bottomBoundary";
+inline constexpr std::string_view fromTopKey = "fromTop";
+inline constexpr std::string_view topBoundaryKey = "topBoundary";
 
 // Range is FloatRange or IntRange.
 

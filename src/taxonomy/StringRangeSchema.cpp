@@ -14,7 +14,6 @@ namespace Parameters {
 namespace {
 
 constexpr std::string_view allowedValuesKey = "allowedValues";
-constexpr std::string_view regexKey = "regex";
 
 /// The first elements, which are strings, hold some more than once.
 void reportRepeatedValues(const JSON& json, std::uint32_t count) {

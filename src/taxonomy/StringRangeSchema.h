@@ -14,6 +14,9 @@
 
 namespace Parameters {
 
+/// The constant of a document, and the member of an inline range, that holds a pattern.
+inline constexpr std::string_view regexKey = "regex";
+
 /// A string range document that has been read and not yet resolved.
 struct StringRangeSchema {
     std::variant<RegexStringRangeComponent, SetStringRangeComponent> component;
