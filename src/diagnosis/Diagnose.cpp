@@ -262,7 +262,9 @@ private:
             entries_[document].kind = unitsItem;
             schema.root.walk([&](const JSON::Node& node) {
                 const bool isTypeId = node.object == schema.root.identity() && node.key == Frame::typeId;
-                if (!isTypeId && reading.references.count(std::string(node.text)) != 0) {
+                // A reference to the document itself is none that the units library waits for.
+                if (!isTypeId &&
+                    (node.text == schema.typeId || reading.references.count(std::string(node.text)) != 0)) {
                     refer(document, schema, node.text, unitsItem);
                 }
             });
