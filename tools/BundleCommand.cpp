@@ -40,14 +40,16 @@ Status bundle(const BundleOptions& options) {
     }
     output.write();
 
-    const Catalog written = loadForUse({output.files()});
-    if (statusOf(written) != Status::Success) {
+    Sources files;
+    files.paths = output.files();
+    const Catalog written = loadForUse(files);
+    if (statusOf(written.report) != Status::Success) {
         printError(fmt::format("The documents in {} do not load on their own.", printable(output.name())));
-        return statusOf(written) | Status::Failure;
+        return statusOf(written.report) | Status::Failure;
     }
     fmt::print("{} written to {}; {} own.\n", counted(output.size(), "document"), printable(output.name()),
                output.size() == 1 ? "it loads on its" : "they load on their");
-    return statusOf(catalog);
+    return statusOf(catalog.report);
 }
 
 } // namespace

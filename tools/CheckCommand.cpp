@@ -1,63 +1,82 @@
 #include "CommandLine.h"
-#include "Items.h"
-#include "Layout.h"
+#include "Findings.h"
 #include "Text.h"
 
 #include <fmt/core.h>
 
-#include <map>
 #include <memory>
-#include <set>
 
 namespace Tool {
 
 namespace {
 
-void printSummary(const Catalog& catalog) {
-    std::map<std::string, std::size_t> counts;
-    for (const auto& [typeId, item] : itemsOf(catalog)) {
-        ++counts[item.kind->name];
-    }
-    std::vector<Row> rows;
-    rows.reserve(counts.size());
-    for (const auto& [kind, count] : counts) {
-        rows.push_back({kind, fmt::format("{:>6}", count)});
-    }
-    printTable(rows);
+struct CheckOptions {
+    Sources sources;
+    ReportOptions report;
+    std::vector<std::string> rules;
+    std::string format = "text";
+    bool isStrict = false;
+};
 
-    std::set<std::size_t> invalid;
-    for (const Error& error : catalog.errors) {
-        invalid.insert(error.document);
-    }
-    fmt::print("{}, {}{}.\n", counted(catalog.documents.size(), "document"),
-               invalid.empty()
-                   ? "no errors"
-                   : fmt::format("{} in {} of them", counted(catalog.errors.size(), "error"), invalid.size()),
-               catalog.blocked.empty() ? "" : fmt::format("; {} more not loaded", catalog.blocked.size()));
+Status check(const CheckOptions& options) {
+    const DocumentFiles files = readDocumentFiles(options.sources);
+    printSkippedLinks(files);
+    const Report report = reportOn(files, options.report);
+    printReport(report, options.format);
+    const bool isRefused = options.isStrict && report.warnings != 0;
+    const Status nothingRead = report.documents == 0 ? Status::Failure : Status::Success;
+    return statusOf(report) | (isRefused ? Status::Errors : Status::Success) | nothingRead;
 }
 
-Status check(const Sources& sources) {
-    const Catalog catalog = loadCatalog(sources);
-    printUnread(catalog);
-    for (const auto* errors : {&catalog.errors, &catalog.blocked}) {
-        for (const Error& error : *errors) {
-            fmt::print("{}\n", formatError(catalog, error));
+/// NAME=off|warning|error of a rule of warnings; why it is not.
+std::string validateRule(const std::string& setting) {
+    const std::size_t sign = setting.find('=');
+    const std::string name = setting.substr(0, sign);
+    const std::string value = sign == std::string::npos ? "" : setting.substr(sign + 1);
+    if (value != "off" && value != "warning" && value != "error") {
+        return fmt::format("{} must be NAME=off, NAME=warning or NAME=error", printable(setting));
+    }
+    std::vector<std::string_view> names;
+    for (const Parameters::DiagnosticRule& rule : Parameters::diagnosticRules()) {
+        if (rule.severity == Parameters::Severity::Warning) {
+            names.push_back(rule.name);
+        }
+        if (rule.name == name) {
+            return rule.severity == Parameters::Severity::Warning
+                       ? ""
+                       : fmt::format("{} cannot be changed: documents that break it cannot be loaded", name);
         }
     }
-    if (!catalog.errors.empty()) {
-        fmt::print("\n");
-    }
-    printSummary(catalog);
-    return statusOf(catalog);
+    const std::string nearest = Parameters::nearestWord(name, names);
+    return fmt::format("There is no rule {}{}", printable(name),
+                       nearest.empty() ? "" : fmt::format("; did you mean {}?", nearest));
 }
 
 } // namespace
 
 void addCheck(CLI::App& app, Status& status) {
-    auto* command = app.add_subcommand("check", "Report all errors in a catalog");
-    auto sources = std::make_shared<Sources>();
-    addSources(*command, *sources);
-    command->callback([sources, &status] { status = check(*sources); });
+    auto* command = app.add_subcommand("check", "Report all errors in a catalog, and what can hardly be meant");
+    auto options = std::make_shared<CheckOptions>();
+    addSources(*command, options->sources);
+    command
+        ->add_option("--with", options->sources.context,
+                     "Documents that are there for others to refer to, and not reported on")
+        ->type_name("PATH");
+    command->add_option("--format", options->format, "How to report: text, json, sarif, or github for annotations")
+        ->check(CLI::IsMember(reportFormats()))
+        ->type_name("FORMAT");
+    command->add_option("--rule", options->rules, "Set a warning: NAME=off, NAME=warning or NAME=error")
+        ->check(CLI::Validator(validateRule, ""))
+        ->type_name("RULE");
+    command->add_flag("--strict", options->isStrict, "Let warnings count for the exit status");
+    command->add_flag("--all", options->report.listsBlocked, "List documents that cannot be loaded because of others");
+    command->callback([options, &status] {
+        for (const std::string& setting : options->rules) {
+            const std::size_t sign = setting.find('=');
+            options->report.rules[setting.substr(0, sign)] = setting.substr(sign + 1);
+        }
+        status = check(*options);
+    });
 }
 
 } // namespace Tool

@@ -45,32 +45,27 @@ Parameters::DataModelVersion versionOf(const std::string& text) {
     return static_cast<Parameters::DataModelVersion>(position - versionTexts.begin());
 }
 
-void printUnread(const Catalog& catalog) {
-    for (const std::string& message : catalog.unreadable) {
-        printError(message);
-    }
-    if (catalog.skippedLinks != 0) {
+void printSkippedLinks(const DocumentFiles& files) {
+    if (files.skippedLinks != 0) {
         printError(fmt::format("{} skipped; --follow reads what links in folders lead to.",
-                               counted(catalog.skippedLinks, "link")));
+                               counted(files.skippedLinks, "link")));
     }
 }
 
 Catalog loadForUse(const Sources& sources) {
     Catalog catalog = loadCatalog(sources);
-    printUnread(catalog);
-    for (const auto* errors : {&catalog.errors, &catalog.blocked}) {
-        for (const Error& error : *errors) {
-            printError(formatError(catalog, error));
-        }
+    printSkippedLinks(catalog.files);
+    for (const Finding& finding : catalog.report.findings) {
+        printError(formatFinding(finding, false));
     }
     return catalog;
 }
 
-Status statusOf(const Catalog& catalog) {
-    if (!catalog.unreadable.empty()) {
+Status statusOf(const Report& report) {
+    if (report.unreadablePaths != 0) {
         return Status::Failure;
     }
-    return catalog.errors.empty() ? Status::Success : Status::Errors;
+    return report.errors == 0 ? Status::Success : Status::Errors;
 }
 
 } // namespace Tool

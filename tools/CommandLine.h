@@ -31,14 +31,14 @@ void addOutputFolder(CLI::App& command, std::string& folder, bool& overwrite);
 void addForce(CLI::App& command, bool& overwrite);
 Parameters::DataModelVersion versionOf(const std::string& text);
 
-/// Prints what was not read to standard error.
-void printUnread(const Catalog& catalog);
+/// Tells of links that were not followed, on standard error.
+void printSkippedLinks(const DocumentFiles& files);
 
 /// Loads a catalog for a command that works on what is finished, and prints errors to standard error.
 Catalog loadForUse(const Sources& sources);
 
-/// The outcome of loading.
-Status statusOf(const Catalog& catalog);
+/// The outcome of reading and loading.
+Status statusOf(const Report& report);
 
 // Each adds a command that sets the status when it runs.
 

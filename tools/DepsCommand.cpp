@@ -60,7 +60,7 @@ Status printDependencies(const DepsOptions& options) {
     } else {
         printAsTable(links, items, options.typeId);
     }
-    return statusOf(catalog);
+    return statusOf(catalog.report);
 }
 
 } // namespace

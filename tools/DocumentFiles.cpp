@@ -1,5 +1,6 @@
 #include "DocumentFiles.h"
 
+#include "JsonText.h"
 #include "Progress.h"
 #include "Text.h"
 
@@ -11,9 +12,11 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
+#include <iterator>
 #include <optional>
 #include <set>
-#include <streambuf>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -37,26 +40,39 @@ bool hasLinesOfDocuments(const fs::path& file) { return extensionOf(file) == ".j
 
 bool isDocumentFile(const fs::path& file) { return extensionOf(file) == ".json" || hasLinesOfDocuments(file); }
 
-std::string tooLarge() { return fmt::format("Larger than {} MiB.", largestDocument >> 20U); }
+constexpr std::string_view unreadablePath = "unreadable-path";
+constexpr std::string_view emptyDocument = "empty-document";
+constexpr std::string_view tooLarge = "too-large";
+constexpr std::string_view wrongEncoding = "wrong-encoding";
 
-/// @return why a text cannot be JSON; empty if it may be.
-std::string errorIn(std::string_view text) {
+bool beginsWith(std::string_view text, std::string_view beginning) {
+    return text.substr(0, beginning.size()) == beginning;
+}
+
+/// Why a text cannot be JSON, if it cannot be.
+std::optional<ReadingFault> faultIn(std::string_view text) {
     if (text.size() > largestDocument) {
-        return tooLarge();
+        return ReadingFault{tooLarge, fmt::format("Larger than {} MiB.", largestDocument >> 20U)};
     }
     if (text.find_first_not_of(blanks) == std::string_view::npos) {
-        return "Empty.";
+        return ReadingFault{emptyDocument, "Empty."};
     }
-    if (text.find('\0') != std::string_view::npos) {
-        return "Binary, not text.";
+    if (beginsWith(text, "\xEF\xBB\xBF")) {
+        return ReadingFault{wrongEncoding, "Starts with a byte order mark, which JSON does not allow."};
     }
-    if (text.substr(0, 3) == "\xEF\xBB\xBF") {
-        return "Starts with a byte order mark, which JSON does not allow.";
+    constexpr std::string_view beginsAscii("{\0", 2);
+    constexpr std::string_view endsAscii("\0{", 2);
+    if (beginsWith(text, "\xFF\xFE") || beginsWith(text, "\xFE\xFF") || beginsWith(text, beginsAscii) ||
+        beginsWith(text, endsAscii)) {
+        return ReadingFault{wrongEncoding, "Encoded in UTF-16, where JSON is in UTF-8."};
+    }
+    if (const std::size_t position = text.find('\0'); position != std::string_view::npos) {
+        return ReadingFault{wrongEncoding, "Binary, not text.", position};
     }
     if (const std::size_t position = findInvalidUtf8(text); position != std::string_view::npos) {
-        return fmt::format("Invalid UTF-8 at offset {}.", position);
+        return ReadingFault{wrongEncoding, fmt::format("Invalid UTF-8 at offset {}.", position), position};
     }
-    return {};
+    return std::nullopt;
 }
 
 /// Tells files and folders apart, whatever paths and links lead to them.
@@ -91,7 +107,7 @@ public:
 
 private:
     void refuse(const fs::path& path, std::string_view reason) {
-        result_.unreadable.push_back(fmt::format("{} {}.", printable(path.string()), reason));
+        result_.unreadable.push_back({path.string(), fmt::format("{}.", reason)});
     }
 
     void addFolder(const fs::path& folder, const Identity& identity, std::size_t depth) {
@@ -159,109 +175,126 @@ private:
     std::set<Identity> searched_;
 };
 
-/// Reads a file piece by piece.
-class PieceReader {
-public:
-    explicit PieceReader(std::streambuf& file) : file_(file) {}
+/// Whether a text has a document a line: its first one is complete.
+bool hasLinesOfDocuments(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    const std::size_t end = text.find('\n');
+    return end != std::string_view::npos && isCompleteJson(text.substr(0, end)) &&
+           text.find_first_not_of(blanks, end) != std::string_view::npos;
+}
 
-    /// Reads up to an end character, or to the end of the file without one. Keeps only enough of a text that is too
-    /// large to detect it.
-    bool read(std::optional<char> end, std::string& piece) {
-        piece.clear();
-        bool hasAny = false;
-        while (fill()) {
-            hasAny = true;
-            const std::size_t size = end ? rest_.find(*end) : std::string_view::npos;
-            if (piece.size() <= largestDocument) {
-                piece += rest_.substr(0, size);
-            }
-            if (size != std::string_view::npos) {
-                rest_.remove_prefix(size + 1);
-                break;
-            }
-            rest_ = {};
+/// Adds the documents of files, in the order of the files.
+class DocumentReading {
+public:
+    DocumentReading(DocumentFiles& result, bool isContext) : result_(result), isContext_(isContext) {}
+
+    void readFile(const fs::path& file) {
+        std::ifstream stream;
+        // The buffer throws on a failing disk by itself; the stream does so for a file that cannot be opened.
+        stream.exceptions(std::ios::failbit | std::ios::badbit);
+        stream.open(file, std::ios::binary);
+        const auto size = static_cast<std::size_t>(fs::file_size(file));
+        SourceFile& source = result_.files.emplace_back(SourceFile{file.string(), {}});
+        if (hasLinesOfDocuments(file)) {
+            source.text.resize(size);
+            source.text.resize(static_cast<std::size_t>(
+                stream.rdbuf()->sgetn(source.text.data(), static_cast<std::streamsize>(size))));
+            addLines(source);
+        } else {
+            // Of one that is too large, enough to tell.
+            source.text.resize(std::min(size, largestDocument + 1));
+            source.text.resize(static_cast<std::size_t>(
+                stream.rdbuf()->sgetn(source.text.data(), static_cast<std::streamsize>(source.text.size()))));
+            add(source, 0, source.text);
         }
-        return hasAny;
+    }
+
+    void readStandardInput() {
+        SourceFile& source = result_.files.emplace_back(SourceFile{"-", {}});
+        source.text.assign(std::istreambuf_iterator<char>(std::cin), {});
+        if (hasLinesOfDocuments(std::string_view(source.text))) {
+            addLines(source);
+        } else {
+            add(source, 0, source.text);
+        }
     }
 
 private:
-    bool fill() {
-        if (rest_.empty()) {
-            const std::streamsize size = file_.sgetn(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-            rest_ = std::string_view(buffer_).substr(0, static_cast<std::size_t>(size));
+    void addLines(const SourceFile& source) {
+        const std::size_t before = result_.documents.size();
+        const std::string_view text = source.text;
+        std::size_t begin = 0;
+        for (std::size_t number = 1; begin < text.size(); ++number) {
+            const std::size_t end = std::min(text.find('\n', begin), text.size());
+            const std::string_view line = text.substr(begin, end - begin);
+            if (line.size() > largestDocument || line.find_first_not_of(blanks) != std::string_view::npos) {
+                add(source, number, line);
+            }
+            begin = end + 1;
         }
-        return !rest_.empty();
+        if (result_.documents.size() == before) {
+            add(source, 0, {});
+        }
     }
 
-    std::streambuf& file_;
-    std::string buffer_ = std::string(std::size_t{1} << 16U, '\0');
-    std::string_view rest_;
+    void add(const SourceFile& source, std::size_t line, std::string_view text) {
+        result_.documents.push_back({{&source, line}, text, faultIn(text), isContext_});
+    }
+
+    DocumentFiles& result_;
+    bool isContext_;
 };
-
-void addDocument(std::vector<DocumentText>& documents, const std::string& file, std::size_t line, std::string text) {
-    DocumentText& document = documents.emplace_back();
-    document.origin.file = file;
-    document.origin.line = line;
-    document.error = errorIn(text);
-    if (document.error.empty()) {
-        document.text = std::move(text);
-    }
-}
-
-void readLines(PieceReader& pieces, const std::string& file, std::vector<DocumentText>& documents) {
-    const std::size_t before = documents.size();
-    std::string line;
-    for (std::size_t number = 1; pieces.read('\n', line); ++number) {
-        if (line.size() > largestDocument || line.find_first_not_of(blanks) != std::string::npos) {
-            addDocument(documents, file, number, line);
-        }
-    }
-    if (documents.size() == before) {
-        addDocument(documents, file, 0, {});
-    }
-}
-
-void readFile(const fs::path& file, std::vector<DocumentText>& documents) {
-    std::ifstream stream;
-    // The buffer throws on a failing disk by itself; the stream does so for a file that cannot be opened.
-    stream.exceptions(std::ios::failbit | std::ios::badbit);
-    stream.open(file, std::ios::binary);
-    PieceReader pieces(*stream.rdbuf());
-    if (hasLinesOfDocuments(file)) {
-        readLines(pieces, file.string(), documents);
-    } else if (fs::file_size(file) > largestDocument) {
-        DocumentText& document = documents.emplace_back();
-        document.origin.file = file.string();
-        document.error = tooLarge();
-    } else {
-        std::string text;
-        pieces.read(std::nullopt, text);
-        addDocument(documents, file.string(), 0, std::move(text));
-    }
-}
 
 } // namespace
 
 std::string formatOrigin(const Origin& origin) {
-    std::string text = printable(origin.file);
+    std::string text = printable(origin.file->name);
     return origin.line == 0 ? text : fmt::format("{}:{}", text, origin.line);
+}
+
+const std::vector<ReadingRule>& readingRules() {
+    static const std::vector<ReadingRule> rules = {
+        {unreadablePath, "A path leads to nothing that can be read."},
+        {emptyDocument, "A document has no text."},
+        {tooLarge, "A document is larger than 64 MiB."},
+        {wrongEncoding, "A text is not in UTF-8, or starts with a byte order mark."},
+    };
+    return rules;
 }
 
 DocumentFiles readDocumentFiles(const Sources& sources) {
     DocumentFiles result;
+    // What is reported on is taken first, so that it is not taken as context.
     FileSearch search(result, sources.followsLinks);
+    bool readsStandardInput = false;
     for (const std::string& path : sources.paths) {
+        if (path == "-") {
+            readsStandardInput = true;
+        } else {
+            search.addPath(path);
+        }
+    }
+    const std::size_t reported = search.files().size();
+    for (const std::string& path : sources.context) {
         search.addPath(path);
     }
     Progress progress("Reading", search.files().size());
-    for (const fs::path& file : search.files()) {
-        try {
-            readFile(file, result.documents);
-        } catch (const std::system_error&) {
-            result.unreadable.push_back(
-                fmt::format("{} cannot be read: {}.", printable(file.string()), std::strerror(errno)));
+    const auto read = [&](std::size_t first, std::size_t last, bool isContext) {
+        DocumentReading reading(result, isContext);
+        for (std::size_t i = first; i < last; ++i) {
+            const fs::path& file = search.files()[i];
+            try {
+                reading.readFile(file);
+            } catch (const std::system_error&) {
+                result.unreadable.push_back({file.string(), fmt::format("cannot be read: {}.", std::strerror(errno))});
+            }
+            progress.advance();
         }
-        progress.advance();
+    };
+    read(reported, search.files().size(), true);
+    read(0, reported, false);
+    if (readsStandardInput) {
+        DocumentReading(result, false).readStandardInput();
     }
     return result;
 }

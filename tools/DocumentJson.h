@@ -94,25 +94,15 @@ private:
 using Json = nlohmann::basic_json<IndexedMap>;
 
 /// Parses a document; the result is discarded if the text is not JSON.
-Json parseDocument(const std::string& text);
-
-/// What can be read of a document without building a tree, which hostile texts make slow and large.
-struct DocumentFrame {
-    bool isJson = false;
-    /// Empty if there is none.
-    std::string typeId;
-    /// The value of the constant that holds the name; empty if there is none.
-    std::string name;
-    /// What determines the kind of the document: its bases, specification and type.
-    Json base = Json::object();
-};
-
-DocumentFrame readFrame(const std::string& text);
+Json parseDocument(std::string_view text);
 
 /// The string at a key; empty if there is none.
 std::string textAt(const Json& object, const char* key);
 
 /// Indents a JSON text. Changes nothing but blanks.
 std::string prettyPrinted(std::string_view text);
+
+/// Indented text. What is no UTF-8, such as in the name of a file, is replaced.
+std::string dumped(const Json& json);
 
 } // namespace Tool

@@ -24,7 +24,7 @@ struct ExportOptions {
 };
 
 void printLosses(const Document& document, const std::string& written) {
-    const std::vector<std::string> losses = lossesOf(document.text, written);
+    const std::vector<std::string> losses = lossesOf(std::string(document.text), written);
     if (!losses.empty()) {
         fmt::print("{}: Rewriting {} loses:\n", formatOrigin(document.origin), printable(document.typeId));
     }
@@ -62,7 +62,8 @@ Export addAll(OutputFolder& output, const Catalog& catalog, Parameters::DataMode
 std::size_t countIncomplete(const Export& result) {
     return static_cast<std::size_t>(
         std::count_if(result.written.begin(), result.written.end(), [&](const Document* document) {
-            return std::any_of(document->references.begin(), document->references.end(),
+            const std::set<std::string> references = referencesOf(*document);
+            return std::any_of(references.begin(), references.end(),
                                [&](const std::string& typeId) { return result.refused.count(typeId) != 0; });
         }));
 }
@@ -87,7 +88,7 @@ Status exportCatalog(const ExportOptions& options) {
     fmt::print("{} in {} for data model {}, {} rewritten; {} cannot be represented.\n",
                counted(output.size(), "document"), printable(output.name()), options.version, result.rewritten.size(),
                result.refused.size());
-    return statusOf(catalog) | (result.refused.empty() ? Status::Success : Status::Errors);
+    return statusOf(catalog.report) | (result.refused.empty() ? Status::Success : Status::Errors);
 }
 
 } // namespace

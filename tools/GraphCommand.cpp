@@ -78,7 +78,7 @@ Status graph(const GraphOptions& options) {
             options.overwrite);
         fmt::print("Wrote {} with {}.\n", printable(options.file), counted(shown.size(), "document"));
     }
-    return statusOf(catalog);
+    return statusOf(catalog.report);
 }
 
 std::string validateFileName(const std::string& file) {

@@ -1,6 +1,7 @@
 #include "Items.h"
 
 #include "DocumentJson.h"
+#include "JsonText.h"
 #include "Text.h"
 
 #include <fmt/core.h>
@@ -36,9 +37,6 @@ Items itemsOf(const Catalog& catalog) {
     Items items;
     forEachKind([&](const auto& row) { addAll(items, catalog.engine, row); });
     for (const Document& document : catalog.documents) {
-        if (document.state != DocumentState::Finished) {
-            continue;
-        }
         const auto [entry, isUnlisted] = items.try_emplace(document.typeId);
         entry->second.document = &document;
         if (isUnlisted) {
@@ -58,7 +56,7 @@ std::string formatVersion(Parameters::DataModelVersion version) {
 }
 
 std::string formatNameOf(const Document& document) {
-    return parseDocument(document.base).contains("schemaSpecification") ? "LumarDataSchema" : "PropertySets";
+    return readFrame(document.text).hasSpecification ? "LumarDataSchema" : "PropertySets";
 }
 
 } // namespace Tool

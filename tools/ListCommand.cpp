@@ -69,7 +69,7 @@ Status list(const ListOptions& options) {
     } else {
         printAsTable(entries);
     }
-    return statusOf(catalog);
+    return statusOf(catalog.report);
 }
 
 } // namespace

@@ -11,13 +11,6 @@
 
 namespace Tool {
 
-/// Adds an error for each reference of a registered document to one that is not registered.
-void reportMissingReferences(Catalog& catalog);
-
-/// Sorts the registered and invalid documents so that each comes after those that it refers to. Adds an error for each
-/// document in a cycle, where no such order exists.
-std::vector<std::size_t> inOrderOfReferences(Catalog& catalog);
-
 /// The neighbours of each finished document.
 using Links = std::map<std::string, std::set<std::string>>;
 

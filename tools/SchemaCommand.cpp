@@ -27,8 +27,8 @@ Status printSchema(const SchemaOptions& options) {
                    ? catalog.engine.getSchema(options.typeId)
                    : catalog.engine.getSchemaInCompatibleFormat(versionOf(options.version), options.typeId);
     } catch (const Parameters::ValidationException& exception) {
-        printError(fmt::format("{}: {}", printable(options.typeId), printable(exception.what())));
-        return statusOf(catalog) | Status::Errors;
+        printError(fmt::format("{}: {}", printable(typeId), printable(exception.what())));
+        return statusOf(catalog.report) | Status::Errors;
     }
     if (options.isPretty) {
         text = prettyPrinted(text);
@@ -38,7 +38,7 @@ Status printSchema(const SchemaOptions& options) {
         text = printableJson(text);
     }
     fmt::print("{}{}", text, text.back() == '\n' ? "" : "\n");
-    return statusOf(catalog);
+    return statusOf(catalog.report);
 }
 
 } // namespace

@@ -208,7 +208,7 @@ Status show(const ShowOptions& options) {
     const Catalog catalog = loadForUse(options.sources);
     positionOf(catalog, options.typeId);
     printTree(describe(catalog, itemsOf(catalog), options.typeId));
-    return statusOf(catalog);
+    return statusOf(catalog.report);
 }
 
 } // namespace

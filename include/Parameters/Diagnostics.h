@@ -87,4 +87,9 @@ struct Diagnosis {
                                                    const ParametersEngine& known = {},
                                                    const DiagnosisOptions& options = {});
 
+/// What may have been meant by a word, as in a diagnostic's suggestion: the nearest of the candidates by the characters
+/// that would have to change, the first of several; empty if none is near.
+[[nodiscard]] PARAMETERS_EXPORT std::string nearestWord(std::string_view word,
+                                                        const std::vector<std::string_view>& candidates);
+
 } // namespace Parameters

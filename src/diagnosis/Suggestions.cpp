@@ -1,5 +1,7 @@
 #include "diagnosis/Suggestions.h"
 
+#include <Parameters/Diagnostics.h>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -67,6 +69,10 @@ std::size_t editDistance(std::string_view left, std::string_view right, std::siz
         beforeLast = std::exchange(last, std::exchange(next, beforeLast));
     }
     return std::min((*last)[right.size()], most + 1);
+}
+
+std::string nearestWord(std::string_view word, const std::vector<std::string_view>& candidates) {
+    return Suggester().nearest(word, candidates);
 }
 
 std::string Suggester::nearest(std::string_view word, const std::vector<std::string_view>& candidates) {

@@ -1,0 +1,211 @@
+#include "Findings.h"
+
+#include "Text.h"
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <unordered_map>
+#include <utility>
+
+namespace Tool {
+
+using Parameters::Diagnosis;
+using Parameters::Diagnostic;
+using Parameters::Severity;
+
+namespace {
+
+struct Position {
+    std::size_t line = 1;
+    std::size_t column = 1;
+};
+
+/// Finds lines and columns of places in one text. Places that come in order are found without starting over.
+class PositionSearch {
+public:
+    explicit PositionSearch(std::string_view text) : text_(text) {}
+
+    Position at(std::size_t offset) {
+        offset = std::min(offset, text_.size());
+        if (offset < offset_) {
+            offset_ = 0;
+            position_ = {};
+        }
+        for (; offset_ < offset; ++offset_) {
+            const auto byte = static_cast<unsigned char>(text_[offset_]);
+            if (byte == '\n') {
+                ++position_.line;
+                position_.column = 1;
+            } else if ((byte & 0xC0U) != 0x80U) {
+                // All bytes of a character but the first look like this.
+                ++position_.column;
+            }
+        }
+        return position_;
+    }
+
+private:
+    std::string_view text_;
+    std::size_t offset_ = 0;
+    Position position_;
+};
+
+/// Makes findings of what the library and reading say.
+class Reporting {
+public:
+    Reporting(const DocumentFiles& files, const ReportOptions& options) : files_(files), options_(options) {}
+
+    Report run() {
+        report_.documents =
+            static_cast<std::size_t>(std::count_if(files_.documents.begin(), files_.documents.end(),
+                                                   [](const DocumentText& document) { return !document.isContext; }));
+        for (const UnreadablePath& path : files_.unreadable) {
+            addUnreadable(path);
+        }
+        const Diagnosis diagnosis = diagnoseAll();
+        auto next = diagnosis.diagnostics.begin();
+        for (std::size_t document = 0; document < files_.documents.size(); ++document) {
+            const DocumentText& source = files_.documents[document];
+            const auto last = std::find_if(next, diagnosis.diagnostics.end(), [&](const Diagnostic& diagnostic) {
+                return diagnostic.document != document;
+            });
+            report_.isRefused.push_back(source.fault || std::any_of(next, last, [](const Diagnostic& diagnostic) {
+                                            return diagnostic.severity != Severity::Warning;
+                                        }));
+            if (source.isContext) {
+                next = last;
+                continue;
+            }
+            const std::size_t before = report_.errors + report_.warnings;
+            if (source.fault) {
+                addFault(source);
+                next = last;
+            }
+            std::for_each(next, last, [&](const Diagnostic& diagnostic) { add(source, diagnostic); });
+            next = last;
+            report_.documentsWithFindings += report_.errors + report_.warnings != before ? 1 : 0;
+        }
+        return std::move(report_);
+    }
+
+private:
+    Diagnosis diagnoseAll() const {
+        std::vector<std::string_view> texts;
+        texts.reserve(files_.documents.size());
+        for (const DocumentText& document : files_.documents) {
+            texts.push_back(document.fault ? beginningOf(document) : document.text);
+        }
+        Parameters::DiagnosisOptions options;
+        for (const Parameters::DiagnosticRule& rule : Parameters::diagnosticRules()) {
+            const auto set = options_.rules.find(rule.name);
+            const bool isOff = set != options_.rules.end() ? set->second == "off" : !options_.hasWarnings;
+            if (rule.severity == Severity::Warning && isOff) {
+                options.disabledRules.emplace(rule.name);
+            }
+        }
+        return Parameters::diagnose(texts, {}, options);
+    }
+
+    /// Of a text that is not read: it may tell the typeid, so that nobody misses it, and lacks its end, so that it
+    /// remains refused.
+    static std::string_view beginningOf(const DocumentText& document) {
+        const std::string_view text = document.text.substr(0, document.fault->offset);
+        const std::size_t end = text.find_last_not_of(" \t\r\n");
+        return text.substr(0, end != std::string_view::npos ? end : 0);
+    }
+
+    void addUnreadable(const UnreadablePath& path) {
+        Finding finding;
+        finding.rule = readingRules().front().name;
+        finding.file = path.path;
+        finding.message = path.reason;
+        finding.message.front() = static_cast<char>(finding.message.front() - 'a' + 'A');
+        ++report_.unreadablePaths;
+        count(std::move(finding));
+    }
+
+    void addFault(const DocumentText& source) {
+        Finding finding;
+        finding.rule = source.fault->rule;
+        finding.message = source.fault->message;
+        place(finding, source, source.fault->offset, 0);
+        count(std::move(finding));
+    }
+
+    void add(const DocumentText& source, const Diagnostic& diagnostic) {
+        if (diagnostic.severity == Severity::Blocked) {
+            ++report_.blocked;
+            if (!options_.listsBlocked) {
+                return;
+            }
+        }
+        Finding finding;
+        finding.severity = severityOf(diagnostic);
+        finding.rule = diagnostic.rule;
+        finding.pointer = diagnostic.pointer;
+        finding.typeId = diagnostic.typeId;
+        finding.message = diagnostic.message;
+        finding.suggestion = diagnostic.suggestion;
+        finding.cause = diagnostic.cause;
+        std::string_view quoted = source.text.substr(diagnostic.offset, diagnostic.length);
+        if (quoted.size() >= 2 && quoted.front() == '"') {
+            quoted = quoted.substr(1, quoted.size() - 2);
+        }
+        finding.quotesPlace = !quoted.empty() && finding.message.find(quoted) != std::string::npos;
+        place(finding, source, diagnostic.offset, diagnostic.length);
+        count(std::move(finding));
+    }
+
+    [[nodiscard]] Severity severityOf(const Diagnostic& diagnostic) const {
+        const auto set = options_.rules.find(diagnostic.rule);
+        if (set == options_.rules.end() || diagnostic.severity != Severity::Warning) {
+            return diagnostic.severity;
+        }
+        return set->second == "error" ? Severity::Error : Severity::Warning;
+    }
+
+    void place(Finding& finding, const DocumentText& source, std::size_t offset, std::size_t length) {
+        const SourceFile& file = *source.origin.file;
+        finding.file = file.name;
+        if (search_ == nullptr || searched_ != &file) {
+            search_ = std::make_unique<PositionSearch>(file.text);
+            searched_ = &file;
+        }
+        const std::size_t begin =
+            static_cast<std::size_t>((source.text.empty() ? file.text.data() : source.text.data()) - file.text.data()) +
+            offset;
+        const Position first = search_->at(begin);
+        const Position last = search_->at(begin + length);
+        finding.line = first.line;
+        finding.column = first.column;
+        finding.endLine = last.line;
+        finding.endColumn = last.column;
+    }
+
+    void count(Finding finding) {
+        report_.errors += finding.severity == Severity::Error ? 1 : 0;
+        report_.warnings += finding.severity == Severity::Warning ? 1 : 0;
+        report_.findings.push_back(std::move(finding));
+    }
+
+    const DocumentFiles& files_;
+    const ReportOptions& options_;
+    Report report_;
+    const SourceFile* searched_ = nullptr;
+    std::unique_ptr<PositionSearch> search_;
+};
+
+} // namespace
+
+Report reportOn(const DocumentFiles& files, const ReportOptions& options) { return Reporting(files, options).run(); }
+
+std::vector<Parameters::DiagnosticRule> allRules() {
+    std::vector<Parameters::DiagnosticRule> rules = Parameters::diagnosticRules();
+    for (const ReadingRule& rule : readingRules()) {
+        rules.push_back({rule.name, Severity::Error, rule.description});
+    }
+    return rules;
+}
+
+} // namespace Tool
