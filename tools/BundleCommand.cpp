@@ -33,10 +33,10 @@ std::set<std::string> closureOf(const Parameters::ParametersEngine& engine, cons
 
 Status bundle(const BundleOptions& options) {
     const Catalog catalog = loadForUse(options.sources);
-    positionOf(catalog, options.typeId);
+    const std::string typeId = typeIdIn(catalog, options.typeId);
     OutputFolder output(options.folder, options.overwrite);
-    for (const std::string& typeId : closureOf(catalog.engine, options.typeId)) {
-        output.add(typeId, catalog.engine.getSchema(typeId));
+    for (const std::string& needed : closureOf(catalog.engine, typeId)) {
+        output.add(needed, catalog.engine.getSchema(needed));
     }
     output.write();
 
@@ -60,6 +60,7 @@ void addBundle(CLI::App& app, Status& status) {
     addSources(*command, options->sources);
     addTypeId(*command, options->typeId)->required();
     addOutputFolder(*command, options->folder, options->overwrite);
+    addExample(*command, "catalog --typeid parameter.supplyDiffuser-1.0.0 --out diffuser");
     command->callback([options, &status] { status = bundle(*options); });
 }
 

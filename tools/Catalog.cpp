@@ -30,9 +30,10 @@ void finish(Catalog& catalog, const std::vector<const DocumentText*>& sources) {
     catalog.engine.resolveSchemas();
     catalog.documents.reserve(sources.size());
     for (const DocumentText* source : sources) {
-        std::string typeId = typeIdOf(source->text);
-        catalog.positions.emplace(typeId, catalog.documents.size());
-        catalog.documents.push_back({source->origin, source->text, std::move(typeId)});
+        catalog.documents.push_back({source->origin, source->text, typeIdOf(source->text)});
+    }
+    for (std::size_t i = 0; i < catalog.documents.size(); ++i) {
+        catalog.positions.emplace(catalog.documents[i].typeId, i);
     }
 }
 
@@ -84,7 +85,14 @@ std::string messageOfUnknown(const Catalog& catalog, const std::string& typeId) 
         }
     }
     for (const Document& document : catalog.documents) {
-        candidates.push_back(document.typeId);
+        // Whole, and without the names of the owner and of what it is filed under.
+        const std::string_view whole = document.typeId;
+        for (std::size_t begin = 0; begin <= whole.size(); begin = whole.find_first_of(":.", begin) + 1) {
+            candidates.push_back(whole.substr(begin));
+            if (whole.find_first_of(":.", begin) == std::string_view::npos) {
+                break;
+            }
+        }
     }
     const std::string nearest = Parameters::nearestWord(typeId, candidates);
     return nearest.empty()
@@ -119,28 +127,26 @@ std::set<std::string> referencesOf(const Document& document) {
     return std::move(references);
 }
 
-std::size_t positionOf(const Catalog& catalog, const std::string& ending) {
-    const auto exact = catalog.positions.find(ending);
-    if (exact != catalog.positions.end()) {
-        return exact->second;
+std::string typeIdIn(const Catalog& catalog, const std::string& ending) {
+    if (catalog.positions.count(ending) != 0) {
+        return ending;
     }
     constexpr std::size_t mostNamed = 5;
     std::vector<std::string> found;
-    std::size_t position = 0;
-    for (const auto& [typeId, each] : catalog.positions) {
+    for (const auto& [typeId, position] : catalog.positions) {
         if (!ending.empty() && endsWith(typeId, ending)) {
-            position = each;
-            found.push_back(printable(typeId));
+            found.emplace_back(typeId);
         }
     }
     if (found.size() == 1) {
-        return position;
+        return found.front();
     }
     if (found.empty()) {
         throw std::runtime_error(messageOfUnknown(catalog, ending));
     }
     const std::size_t more = found.size() - std::min(found.size(), mostNamed);
     found.resize(found.size() - more);
+    std::transform(found.begin(), found.end(), found.begin(), [](const auto& typeId) { return printable(typeId); });
     throw std::runtime_error(fmt::format("Several typeids end in {}: {}{}.", printable(ending), fmt::join(found, ", "),
                                          more != 0 ? fmt::format(" and {} more", more) : ""));
 }

@@ -27,7 +27,7 @@ struct Catalog {
     /// In the order of the paths.
     std::vector<Document> documents;
     /// Positions of documents, by typeid.
-    std::map<std::string, std::size_t> positions;
+    std::map<std::string_view, std::size_t> positions;
     /// Why others are not loaded; empty if all are.
     Report report;
 };
@@ -41,8 +41,8 @@ Catalog loadCatalog(const Sources& sources);
 std::set<std::string> referencesOf(const Document& document);
 
 /// @param ending  a typeid, or the end of one that no other has.
-/// @return the position of the finished document with the typeid.
+/// @return the typeid of the finished document.
 /// @throws std::runtime_error  there is none, or several; the message says why.
-std::size_t positionOf(const Catalog& catalog, const std::string& ending);
+std::string typeIdIn(const Catalog& catalog, const std::string& ending);
 
 } // namespace Tool

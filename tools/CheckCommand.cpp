@@ -70,6 +70,7 @@ void addCheck(CLI::App& app, Status& status) {
         ->type_name("RULE");
     command->add_flag("--strict", options->isStrict, "Let warnings count for the exit status");
     command->add_flag("--all", options->report.listsBlocked, "List documents that cannot be loaded because of others");
+    addExample(*command, "drafts --with catalog --rule unknown-value-type=off");
     command->callback([options, &status] {
         for (const std::string& setting : options->rules) {
             const std::size_t sign = setting.find('=');

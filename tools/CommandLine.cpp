@@ -11,11 +11,16 @@ namespace Tool {
 
 Status operator|(Status left, Status right) { return std::max(left, right); }
 
+void addExample(CLI::App& command, const std::string& arguments) {
+    command.footer("Example:\n  parameters " + command.get_name() + " " + arguments);
+}
+
 void addSources(CLI::App& command, Sources& sources) {
     command
-        .add_option(
-            "PATH", sources.paths,
-            ".json files (one document each), .jsonl files (one document per line), or folders, searched recursively")
+        .add_option("PATH", sources.paths,
+                    ".json files (one document each), .jsonl files (one document per line), folders, searched "
+                    "recursively, or - "
+                    "for standard input")
         ->type_name("")
         ->required();
     command.add_flag("--follow", sources.followsLinks, "Follow symbolic links in folders");

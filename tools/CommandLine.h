@@ -22,6 +22,9 @@ enum class Status {
 /// The more severe of two.
 Status operator|(Status left, Status right);
 
+/// Shows at the end of a command's help how it is called.
+void addExample(CLI::App& command, const std::string& arguments);
+
 // Options of several commands.
 
 void addSources(CLI::App& command, Sources& sources);

@@ -51,14 +51,14 @@ void printAsTable(const Links& links, const std::map<std::string, Item>& items, 
 
 Status printDependencies(const DepsOptions& options) {
     const Catalog catalog = loadForUse(options.sources);
-    positionOf(catalog, options.typeId);
+    const std::string typeId = typeIdIn(catalog, options.typeId);
     const auto items = itemsOf(catalog);
     const Links links = options.isReverse ? linksToReferrers(catalog) : linksToReferences(catalog);
     if (options.asTree) {
         std::set<std::string> shown;
-        printTree(treeOf(links, items, options.typeId, shown));
+        printTree(treeOf(links, items, typeId, shown));
     } else {
-        printAsTable(links, items, options.typeId);
+        printAsTable(links, items, typeId);
     }
     return statusOf(catalog.report);
 }
@@ -72,6 +72,7 @@ void addDeps(CLI::App& app, Status& status) {
     addTypeId(*command, options->typeId)->required();
     command->add_flag("--tree", options->asTree, "Print a tree of references");
     command->add_flag("--reverse", options->isReverse, "List what refers to the document instead");
+    addExample(*command, "catalog --typeid parameter.supplyDiffuser-1.0.0 --tree");
     command->callback([options, &status] { status = printDependencies(*options); });
 }
 

@@ -245,6 +245,18 @@ private:
     bool isContext_;
 };
 
+/// Drops documents of the context that those from a position on define anew.
+void dropReplaced(std::vector<DocumentText>& documents, std::size_t first) {
+    std::set<std::string> defined;
+    for (std::size_t i = first; i < documents.size(); ++i) {
+        defined.insert(typeIdOf(documents[i].text));
+    }
+    const auto isReplaced = [&](const DocumentText& document) {
+        return document.isContext && defined.count(typeIdOf(document.text)) != 0;
+    };
+    documents.erase(std::remove_if(documents.begin(), documents.end(), isReplaced), documents.end());
+}
+
 } // namespace
 
 std::string formatOrigin(const Origin& origin) {
@@ -294,7 +306,9 @@ DocumentFiles readDocumentFiles(const Sources& sources) {
     read(reported, search.files().size(), true);
     read(0, reported, false);
     if (readsStandardInput) {
+        const std::size_t before = result.documents.size();
         DocumentReading(result, false).readStandardInput();
+        dropReplaced(result.documents, before);
     }
     return result;
 }

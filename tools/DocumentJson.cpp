@@ -1,5 +1,7 @@
 #include "DocumentJson.h"
 
+#include "Text.h"
+
 #include <algorithm>
 
 namespace Tool {
@@ -67,6 +69,8 @@ std::string prettyPrinted(std::string_view text) {
     return result;
 }
 
-std::string dumped(const Json& json) { return json.dump(2, ' ', false, Json::error_handler_t::replace); }
+std::string dumped(const OutputJson& json) {
+    return printableJson(json.dump(2, ' ', false, OutputJson::error_handler_t::replace));
+}
 
 } // namespace Tool

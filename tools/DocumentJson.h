@@ -102,7 +102,10 @@ std::string textAt(const Json& object, const char* key);
 /// Indents a JSON text. Changes nothing but blanks.
 std::string prettyPrinted(std::string_view text);
 
-/// Indented text. What is no UTF-8, such as in the name of a file, is replaced.
-std::string dumped(const Json& json);
+/// What is made to be printed.
+using OutputJson = nlohmann::ordered_json;
+
+/// Its text, indented and safe for terminals. What is no UTF-8, such as in the name of a file, is replaced.
+std::string dumped(const OutputJson& json);
 
 } // namespace Tool

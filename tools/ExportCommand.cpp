@@ -101,6 +101,7 @@ void addExport(CLI::App& app, Status& status) {
     addDataModel(*command, options->version)->required();
     addOutputFolder(*command, options->folder, options->overwrite);
     command->add_flag("--quiet", options->isQuiet, "Do not report what rewriting loses");
+    addExample(*command, "catalog --data-model 1.0.0 --out catalog-1.0.0");
     command->callback([options, &status] { status = exportCatalog(*options); });
 }
 

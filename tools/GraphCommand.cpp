@@ -34,8 +34,8 @@ struct GraphOptions {
 std::map<std::string, std::size_t> documentsToShow(const Catalog& catalog, const Links& references,
                                                    const GraphOptions& options) {
     if (options.hasTypeId) {
-        positionOf(catalog, options.typeId);
-        return reachableFrom(options.isReverse ? linksToReferrers(catalog) : references, options.typeId, options.depth);
+        const std::string typeId = typeIdIn(catalog, options.typeId);
+        return reachableFrom(options.isReverse ? linksToReferrers(catalog) : references, typeId, options.depth);
     }
     std::map<std::string, std::size_t> all;
     for (const auto& [typeId, neighbours] : references) {
@@ -113,6 +113,7 @@ void addGraph(CLI::App& app, Status& status) {
         ->type_name("SECONDS")
         ->check(CLI::Range(1U, 1'000'000U));
     addForce(*command, options->overwrite);
+    addExample(*command, "catalog --typeid parameter.supplyDiffuser-1.0.0 --out diffuser.svg");
     command->callback([options, typeId, &status] {
         options->hasTypeId = typeId->count() != 0;
         status = graph(*options);

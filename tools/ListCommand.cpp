@@ -6,6 +6,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace Tool {
@@ -25,6 +26,7 @@ struct Entry {
     std::string format;
     std::string lowestVersion;
     std::string highestVersion;
+    Origin origin;
 };
 
 std::vector<Entry> entriesOf(const Catalog& catalog, const std::string& kind) {
@@ -33,7 +35,7 @@ std::vector<Entry> entriesOf(const Catalog& catalog, const std::string& kind) {
         if (kind.empty() || kind == item.kind->name) {
             const auto [lowest, highest] = catalog.engine.getCompatibleDataModelRange(typeId);
             entries.push_back({typeId, item.kind->name, item.name, formatNameOf(*item.document), formatVersion(lowest),
-                               formatVersion(highest)});
+                               formatVersion(highest), item.document->origin});
         }
     }
     return entries;
@@ -49,16 +51,18 @@ void printAsTable(const std::vector<Entry>& entries) {
 }
 
 void printAsJson(const std::vector<Entry>& entries) {
-    Json list = Json::array();
+    OutputJson list = OutputJson::array();
     for (const Entry& entry : entries) {
-        list.push_back(Json::object({{"typeid", entry.typeId},
-                                     {"kind", entry.kind},
-                                     {"name", entry.name},
-                                     {"format", entry.format},
-                                     {"lowestVersion", entry.lowestVersion},
-                                     {"highestVersion", entry.highestVersion}}));
+        list.push_back({{"typeid", entry.typeId},
+                        {"kind", entry.kind},
+                        {"name", entry.name},
+                        {"format", entry.format},
+                        {"lowestVersion", entry.lowestVersion},
+                        {"highestVersion", entry.highestVersion},
+                        {"file", entry.origin.file->name},
+                        {"line", std::max<std::size_t>(entry.origin.line, 1)}});
     }
-    fmt::print("{}\n", printableJson(list.dump(2)));
+    fmt::print("{}\n", dumped(list));
 }
 
 Status list(const ListOptions& options) {
@@ -82,6 +86,7 @@ void addList(CLI::App& app, Status& status) {
         ->check(CLI::IsMember(kindNames()))
         ->type_name("KIND");
     command->add_flag("--json", options->asJson, "Print a JSON array instead of a table");
+    addExample(*command, "catalog --kind parameter");
     command->callback([options, &status] { status = list(*options); });
 }
 

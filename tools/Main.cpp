@@ -1,10 +1,15 @@
 #include "CommandLine.h"
 #include "Text.h"
 
+#include <Parameters/Diagnostics.h>
+
+#include <fmt/core.h>
+
 #include <cstdio>
 #include <exception>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -30,6 +35,51 @@ public:
     }
 };
 
+/// ", did you mean NEAREST?" or the end of the sentence.
+std::string endOf(const std::string& word, const std::vector<std::string>& candidates) {
+    const std::string nearest = Parameters::nearestWord(word, {candidates.begin(), candidates.end()});
+    return nearest.empty() ? "." : fmt::format("; did you mean {}?", nearest);
+}
+
+std::vector<std::string> commandsOf(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App* /*command*/) { return true; })) {
+        names.push_back(command->get_name());
+    }
+    return names;
+}
+
+std::vector<std::string> optionsOf(const CLI::App& command) {
+    std::vector<std::string> names;
+    for (const CLI::Option* option : command.get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+            names.push_back("--" + name);
+        }
+    }
+    return names;
+}
+
+/// What is wrong with a command line, with the word that is at fault.
+std::string faultOf(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& arguments) {
+    const auto commands = app.get_subcommands();
+    if (commands.empty()) {
+        const bool hasCommand = !arguments.empty() && arguments.front().substr(0, 1) != "-";
+        if (hasCommand) {
+            const std::string& word = arguments.front();
+            return fmt::format("There is no command {}{}", Tool::printable(word), endOf(word, commandsOf(app)));
+        }
+        return arguments.empty() ? "A command is needed." : fmt::format("{}.", error.what());
+    }
+    const CLI::App& command = *commands.front();
+    for (const std::string& word : command.remaining()) {
+        const std::string name = word.substr(0, word.find('='));
+        return name.substr(0, 1) == "-" ? fmt::format("Command {} has no option {}{}", command.get_name(),
+                                                      Tool::printable(name), endOf(name, optionsOf(command)))
+                                        : fmt::format("{} is one argument too many.", Tool::printable(word));
+    }
+    return fmt::format("{}.", error.what());
+}
+
 Tool::Status run(int argc, char** argv) {
     CLI::App app("Check, show and convert catalogs of schema documents.", "parameters");
     app.formatter(std::make_shared<HelpFormatter>());
@@ -51,7 +101,15 @@ Tool::Status run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? Tool::Status::Success : Tool::Status::Failure;
+        if (error.get_exit_code() == 0) {
+            app.exit(error);
+            return Tool::Status::Success;
+        }
+        Tool::printError(faultOf(app, error, {argv + 1, argv + argc}));
+        const auto commands = app.get_subcommands();
+        Tool::printError(fmt::format("parameters{} --help tells what there is.",
+                                     commands.empty() ? "" : " " + commands.front()->get_name()));
+        return Tool::Status::Failure;
     }
     return status;
 }

@@ -87,16 +87,16 @@ void printText(const Report& report) {
     fmt::print("{}\n", summaryOf(report));
 }
 
-void addUnlessEmpty(Json& object, const char* key, std::string_view text) {
+void addUnlessEmpty(OutputJson& object, const char* key, std::string_view text) {
     if (!text.empty()) {
         object[key] = text;
     }
 }
 
 void printJson(const Report& report) {
-    Json findings = Json::array();
+    OutputJson findings = OutputJson::array();
     for (const Finding& finding : report.findings) {
-        Json object = {{"severity", rowOf(finding.severity).name}, {"rule", finding.rule}, {"file", finding.file}};
+        OutputJson object = {{"severity", rowOf(finding.severity).name}, {"rule", finding.rule}, {"file", finding.file}};
         if (finding.line != 0) {
             object["line"] = finding.line;
             object["column"] = finding.column;
@@ -108,7 +108,7 @@ void printJson(const Report& report) {
         addUnlessEmpty(object, "cause", finding.cause);
         findings.push_back(std::move(object));
     }
-    const Json whole = {{"version", 1},
+    const OutputJson whole = {{"version", 1},
                         {"findings", std::move(findings)},
                         {"summary",
                          {{"documents", report.documents},
@@ -132,8 +132,8 @@ std::string uriOf(std::string_view path) {
     return uri;
 }
 
-Json sarifLocationOf(const Finding& finding) {
-    Json location = {{"physicalLocation", {{"artifactLocation", {{"uri", uriOf(finding.file)}}}}}};
+OutputJson sarifLocationOf(const Finding& finding) {
+    OutputJson location = {{"physicalLocation", {{"artifactLocation", {{"uri", uriOf(finding.file)}}}}}};
     if (finding.line != 0) {
         location["physicalLocation"]["region"] = {{"startLine", finding.line},
                                                   {"startColumn", finding.column},
@@ -141,25 +141,25 @@ Json sarifLocationOf(const Finding& finding) {
                                                   {"endColumn", finding.endColumn}};
     }
     if (!finding.pointer.empty()) {
-        location["logicalLocations"] = Json::array({{{"fullyQualifiedName", finding.pointer}}});
+        location["logicalLocations"] = OutputJson::array({{{"fullyQualifiedName", finding.pointer}}});
     }
     return location;
 }
 
 void printSarif(const Report& report) {
-    Json rules = Json::array();
+    OutputJson rules = OutputJson::array();
     for (const Parameters::DiagnosticRule& rule : allRules()) {
         rules.push_back({{"id", rule.name},
                          {"shortDescription", {{"text", rule.description}}},
                          {"defaultConfiguration", {{"level", rowOf(rule.severity).level}}}});
     }
-    Json results = Json::array();
+    OutputJson results = OutputJson::array();
     for (const Finding& finding : report.findings) {
-        Json result = {{"ruleId", finding.rule},
+        OutputJson result = {{"ruleId", finding.rule},
                        {"level", rowOf(finding.severity).level},
                        {"message", {{"text", wholeMessage(finding)}}},
-                       {"locations", Json::array({sarifLocationOf(finding)})}};
-        Json properties = Json::object();
+                       {"locations", OutputJson::array({sarifLocationOf(finding)})}};
+        OutputJson properties = OutputJson::object();
         addUnlessEmpty(properties, "typeid", finding.typeId);
         addUnlessEmpty(properties, "suggestion", finding.suggestion);
         addUnlessEmpty(properties, "cause", finding.cause);
@@ -168,12 +168,12 @@ void printSarif(const Report& report) {
         }
         results.push_back(std::move(result));
     }
-    const Json driver = {{"name", "parameters"}, {"version", PARAMETERS_VERSION}, {"rules", std::move(rules)}};
-    const Json run = {
+    const OutputJson driver = {{"name", "parameters"}, {"version", PARAMETERS_VERSION}, {"rules", std::move(rules)}};
+    const OutputJson run = {
         {"tool", {{"driver", driver}}}, {"columnKind", "unicodeCodePoints"}, {"results", std::move(results)}};
-    const Json whole = {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
+    const OutputJson whole = {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
                         {"version", "2.1.0"},
-                        {"runs", Json::array({run})}};
+                        {"runs", OutputJson::array({run})}};
     fmt::print("{}\n", dumped(whole));
 }
 

@@ -20,12 +20,11 @@ struct SchemaOptions {
 
 Status printSchema(const SchemaOptions& options) {
     const Catalog catalog = loadForUse(options.sources);
-    positionOf(catalog, options.typeId);
+    const std::string typeId = typeIdIn(catalog, options.typeId);
     std::string text;
     try {
-        text = options.version.empty()
-                   ? catalog.engine.getSchema(options.typeId)
-                   : catalog.engine.getSchemaInCompatibleFormat(versionOf(options.version), options.typeId);
+        text = options.version.empty() ? catalog.engine.getSchema(typeId)
+                                       : catalog.engine.getSchemaInCompatibleFormat(versionOf(options.version), typeId);
     } catch (const Parameters::ValidationException& exception) {
         printError(fmt::format("{}: {}", printable(typeId), printable(exception.what())));
         return statusOf(catalog.report) | Status::Errors;
@@ -51,6 +50,7 @@ void addSchema(CLI::App& app, Status& status) {
     addTypeId(*command, options->typeId)->required();
     addDataModel(*command, options->version);
     command->add_flag("--pretty", options->isPretty, "Indent the text");
+    addExample(*command, "catalog --typeid parameter.supplyDiffuser-1.0.0 --data-model 1.0.0");
     command->callback([options, &status] { status = printSchema(*options); });
 }
 

@@ -206,8 +206,8 @@ struct ShowOptions {
 
 Status show(const ShowOptions& options) {
     const Catalog catalog = loadForUse(options.sources);
-    positionOf(catalog, options.typeId);
-    printTree(describe(catalog, itemsOf(catalog), options.typeId));
+    const std::string typeId = typeIdIn(catalog, options.typeId);
+    printTree(describe(catalog, itemsOf(catalog), typeId));
     return statusOf(catalog.report);
 }
 
@@ -218,6 +218,7 @@ void addShow(CLI::App& app, Status& status) {
     auto options = std::make_shared<ShowOptions>();
     addSources(*command, options->sources);
     addTypeId(*command, options->typeId)->required();
+    addExample(*command, "catalog --typeid parameter.supplyDiffuser-1.0.0");
     command->callback([options, &status] { status = show(*options); });
 }
 
