@@ -129,6 +129,7 @@ int main(int argc, char** argv) {
         const double growth = fourTimes / once;
         std::printf("%-48s %9zu: %6.3f s, four times: %6.3f s, growth %4.1f%s\n", measurement.name, measurement.size,
                     once, fourTimes, growth, growth < mostGrowth ? "" : " TOO MUCH");
+        std::fflush(stdout);
         isFine = isFine && growth < mostGrowth;
     }
     return isFine ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -41,6 +41,13 @@ TEST(ListCommand, WritesJsonForPrograms) {
     "highestVersion": "3.0.0"
   },)"));
     EXPECT_EQ(runTool({"list", "examples/catalog/domains", "--kind", "spec", "--json"}).output, "[]\n");
+    // The name of a dimension is read from its text, where others look like it.
+    EXPECT_THAT(runToolOn(R"({"typeid":"d","inherits":["quovanta.unit:dimension-1.0.0"],"name":"A","x":{"constants":)"
+                          R"([{"id":"name","value":"B"}]},"constants":[{"id":"rank","value":"C"},{"value":"D","id":)"
+                          R"("name"},{"id":"x","typedValue":{"typeid":"t","value":{"id":"name","value":"E"}}}]})",
+                          {"list", "a.jsonl", "--json"})
+                    .output,
+                HasSubstr("\n    \"name\": \"D\",\n"));
 }
 
 TEST(ListCommand, EscapesWhatCannotBeSeen) {
@@ -125,6 +132,38 @@ TEST(SchemaCommand, PrintsTheRegisteredTextAndOlderOnes) {
                 StartsWith(R"({"downgradedFrom":"3.0.0","typeid")"));
     EXPECT_THAT(runTool({"schema", file, "--typeid", typeId, "--data-model", "2.0.0", "--pretty"}).output,
                 StartsWith("{\n  \"downgradedFrom\": \"3.0.0\",\n"));
+}
+
+TEST(SchemaCommand, ChangesNothingButBlanksWhenItIndents) {
+    EXPECT_EQ(runToolOn(R"({"typeid":"a", "inherits" : ["quovanta.unit:dimension-1.0.0"],"x":[ ],"y":{ },"n":1.50,)"
+                        R"("z":{"\"{, :":[true ,[-1E+2,{}]]},"constants":[{"value":"\u0041\\","id":"name"}]})",
+                        {"schema", "a.jsonl", "--typeid", "a", "--pretty"})
+                  .output,
+              R"({
+  "typeid": "a",
+  "inherits": [
+    "quovanta.unit:dimension-1.0.0"
+  ],
+  "x": [],
+  "y": {},
+  "n": 1.50,
+  "z": {
+    "\"{, :": [
+      true,
+      [
+        -1E+2,
+        {}
+      ]
+    ]
+  },
+  "constants": [
+    {
+      "value": "\u0041\\",
+      "id": "name"
+    }
+  ]
+}
+)");
 }
 
 TEST(SchemaCommand, EscapesOnATerminalOnly) {

@@ -49,6 +49,20 @@ TEST(ExportCommand, TellsWhatTheOlderTextNoLongerHolds) {
               "\n");
 }
 
+TEST(ExportCommand, ComparesDocumentsOfManyMembers) {
+    std::string members;
+    for (int number = 0; number < 40; ++number) {
+        members += "\"m" + std::to_string(number) + "\":1,";
+    }
+    const std::string line =
+        R"({"schemaSpecification":"lumar-data-schema-2.0.0","typeid":"a","inherits":["quovanta.spec:discipline-2.0.0"],)" +
+        members + R"("m7":2,"constants":[{"id":"name","typeid":"String","value":"N"}]})";
+    EXPECT_THAT(runToolOn(line, {"export", "a.jsonl", "--data-model", "1.0.0", "--out", "out"}).output,
+                AllOf(StartsWith("a.jsonl:1: Rewriting a loses:\n  removed: m0: 1\n  removed: m1: 1\n"),
+                      HasSubstr("\n  removed: m6: 1\n  removed: m7: 2\n  removed: m8: 1\n"),
+                      HasSubstr("\n  removed: m39: 1\n1 document in out")));
+}
+
 TEST(ExportCommand, TellsReferencesFromTheirLikesThatMove) {
     const std::string name = Documents::nameConstant("N");
     const std::string spec =
