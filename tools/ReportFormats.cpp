@@ -96,7 +96,8 @@ void addUnlessEmpty(OutputJson& object, const char* key, std::string_view text) 
 void printJson(const Report& report) {
     OutputJson findings = OutputJson::array();
     for (const Finding& finding : report.findings) {
-        OutputJson object = {{"severity", rowOf(finding.severity).name}, {"rule", finding.rule}, {"file", finding.file}};
+        OutputJson object = {
+            {"severity", rowOf(finding.severity).name}, {"rule", finding.rule}, {"file", finding.file}};
         if (finding.line != 0) {
             object["line"] = finding.line;
             object["column"] = finding.column;
@@ -109,13 +110,13 @@ void printJson(const Report& report) {
         findings.push_back(std::move(object));
     }
     const OutputJson whole = {{"version", 1},
-                        {"findings", std::move(findings)},
-                        {"summary",
-                         {{"documents", report.documents},
-                          {"documentsWithFindings", report.documentsWithFindings},
-                          {"errors", report.errors},
-                          {"warnings", report.warnings},
-                          {"blocked", report.blocked}}}};
+                              {"findings", std::move(findings)},
+                              {"summary",
+                               {{"documents", report.documents},
+                                {"documentsWithFindings", report.documentsWithFindings},
+                                {"errors", report.errors},
+                                {"warnings", report.warnings},
+                                {"blocked", report.blocked}}}};
     fmt::print("{}\n", dumped(whole));
 }
 
@@ -156,9 +157,9 @@ void printSarif(const Report& report) {
     OutputJson results = OutputJson::array();
     for (const Finding& finding : report.findings) {
         OutputJson result = {{"ruleId", finding.rule},
-                       {"level", rowOf(finding.severity).level},
-                       {"message", {{"text", wholeMessage(finding)}}},
-                       {"locations", OutputJson::array({sarifLocationOf(finding)})}};
+                             {"level", rowOf(finding.severity).level},
+                             {"message", {{"text", wholeMessage(finding)}}},
+                             {"locations", OutputJson::array({sarifLocationOf(finding)})}};
         OutputJson properties = OutputJson::object();
         addUnlessEmpty(properties, "typeid", finding.typeId);
         addUnlessEmpty(properties, "suggestion", finding.suggestion);
@@ -172,8 +173,8 @@ void printSarif(const Report& report) {
     const OutputJson run = {
         {"tool", {{"driver", driver}}}, {"columnKind", "unicodeCodePoints"}, {"results", std::move(results)}};
     const OutputJson whole = {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
-                        {"version", "2.1.0"},
-                        {"runs", OutputJson::array({run})}};
+                              {"version", "2.1.0"},
+                              {"runs", OutputJson::array({run})}};
     fmt::print("{}\n", dumped(whole));
 }
 

@@ -51,7 +51,8 @@ std::vector<std::string> readTypeIdObjects(const JSON& json, bool (*sizeIsRight)
     }
     std::vector<std::string> typeIds;
     for (std::uint32_t i = 0; i < json.getSize(); ++i) {
-        const auto typeId = readTypeIdAttribute(json.getElement(i));
+        const JSON element = json.getElement(i);
+        const auto typeId = readTypeIdAttribute(element);
         if (!typeId) {
             element.report(Rule::WrongForm, message);
             continue;
