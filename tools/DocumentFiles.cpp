@@ -32,8 +32,6 @@ constexpr std::size_t largestDocument = std::size_t{64} << 20U;
 constexpr off_t largestFile = off_t{2} << 30U;
 /// Deeper folders come from mistakes or attacks, and their paths grow with the square of the depth.
 constexpr std::size_t deepestFolder = 100;
-constexpr std::string_view blanks = " \t\r\n";
-
 std::string extensionOf(const fs::path& file) { return lowerCase(file.extension().string()); }
 
 bool hasLinesOfDocuments(const fs::path& file) { return extensionOf(file) == ".jsonl"; }

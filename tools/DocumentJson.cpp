@@ -8,8 +8,6 @@ namespace Tool {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
-
 /// @return the position behind a string that begins at a quotation mark.
 std::size_t endOfString(std::string_view json, std::size_t begin) {
     std::size_t position = begin + 1;

@@ -111,7 +111,7 @@ private:
     /// remains refused.
     static std::string_view beginningOf(const DocumentText& document) {
         const std::string_view text = document.text.substr(0, document.fault->offset);
-        const std::size_t end = text.find_last_not_of(" \t\r\n");
+        const std::size_t end = text.find_last_not_of(blanks);
         return text.substr(0, end != std::string_view::npos ? end : 0);
     }
 

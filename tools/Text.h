@@ -6,6 +6,9 @@
 
 namespace Tool {
 
+/// What may stand between the tokens of JSON.
+inline constexpr std::string_view blanks = " \t\r\n";
+
 /// Escapes what is no UTF-8 and what cannot be seen, but for blanks: control characters, separators of lines, what
 /// changes the direction of text, characters without width or meaning. So text from documents and file names neither
 /// controls the terminal nor breaks lines nor looks like another text.
