@@ -20,8 +20,18 @@ if(PROJECT_IS_TOP_LEVEL)
         # Sanitized libraries leave the runtime of the sanitizer to the program.
         set(parameters_link_options LINKER:--no-undefined)
         if(CMAKE_EXECUTABLE_FORMAT STREQUAL "ELF")
+            include(CheckCXXCompilerFlag)
             include(CheckCXXSourceCompiles)
             list(APPEND parameters_compile_options -fstack-protector-strong)
+            # Not every processor and compiler has these.
+            foreach(protection IN ITEMS cf-protection stack-clash-protection)
+                string(MAKE_C_IDENTIFIER "PARAMETERS_HAS_${protection}" has_protection)
+                string(TOUPPER ${has_protection} has_protection)
+                check_cxx_compiler_flag(-f${protection} ${has_protection})
+                if(${has_protection})
+                    list(APPEND parameters_compile_options -f${protection})
+                endif()
+            endforeach()
             list(APPEND parameters_link_options LINKER:-z,relro,-z,now)
             # Neither over what the user or the toolchain has chosen, nor without the optimization that it needs.
             set(CMAKE_REQUIRED_FLAGS "${CMAKE_CXX_FLAGS_RELEASE}")
