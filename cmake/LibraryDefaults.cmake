@@ -1,5 +1,4 @@
 include(CheckLinkerFlag)
-include(GenerateExportHeader)
 
 # A plain variable, so that the default reaches no library of a host.
 if(NOT DEFINED BUILD_SHARED_LIBS)
