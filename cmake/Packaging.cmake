@@ -6,6 +6,9 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_COMPONENTS_ALL Parameters_Development)
 
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/DebianFiles.cmake)
+set(CPACK_PARAMETERS_CHANGES ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+set(CPACK_PARAMETERS_RELEASE_DATE ${PARAMETERS_RELEASE_DATE})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
@@ -28,6 +31,13 @@ if(BUILD_SHARED_LIBS)
 Reads schema documents, resolves their references, answers queries and
 writes documents for older and newer data models. The library Units, for
 units of measurement, comes with it.")
+    # dpkg is to run ldconfig, once for all packages. The scripts that cpack would write for it are kept out by naming
+    # some that do not exist, which costs a warning each.
+    file(WRITE ${PROJECT_BINARY_DIR}/debian/triggers "activate-noawait ldconfig\n")
+    set(CPACK_DEBIAN_PARAMETERS_RUNTIME_PACKAGE_CONTROL_EXTRA
+        ${PROJECT_BINARY_DIR}/debian/triggers
+        ${PROJECT_BINARY_DIR}/debian/postinst
+        ${PROJECT_BINARY_DIR}/debian/postrm)
     set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
     set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY >=)
     set(CPACK_COMPONENT_PARAMETERS_DEVELOPMENT_DEPENDS Parameters_Runtime)
