@@ -3,6 +3,7 @@
 #include "Text.h"
 
 #include <algorithm>
+#include <cctype>
 #include <memory>
 #include <set>
 #include <unordered_map>
@@ -50,6 +51,25 @@ private:
     std::size_t offset_ = 0;
     Position position_;
 };
+
+bool isPartOfWord(char character) {
+    return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '-' || character == '_';
+}
+
+/// Whether a message says what stands at a place: the characters of a string.
+bool quotes(std::string_view message, std::string_view value) {
+    if (value.size() <= 2 || value.front() != '"') {
+        return false;
+    }
+    value = value.substr(1, value.size() - 2);
+    for (std::size_t at = message.find(value); at != std::string_view::npos; at = message.find(value, at + 1)) {
+        const std::size_t end = at + value.size();
+        if ((at == 0 || !isPartOfWord(message[at - 1])) && (end == message.size() || !isPartOfWord(message[end]))) {
+            return true;
+        }
+    }
+    return false;
+}
 
 /// Makes findings of what the library and reading say.
 class Reporting {
@@ -148,11 +168,7 @@ private:
         finding.message = diagnostic.message;
         finding.suggestion = diagnostic.suggestion;
         finding.cause = diagnostic.cause;
-        std::string_view quoted = source.text.substr(diagnostic.offset, diagnostic.length);
-        if (quoted.size() >= 2 && quoted.front() == '"') {
-            quoted = quoted.substr(1, quoted.size() - 2);
-        }
-        finding.quotesPlace = !quoted.empty() && finding.message.find(quoted) != std::string::npos;
+        finding.quotesPlace = quotes(finding.message, source.text.substr(diagnostic.offset, diagnostic.length));
         place(finding, source, diagnostic.offset, diagnostic.length);
         count(std::move(finding));
     }

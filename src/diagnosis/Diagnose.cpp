@@ -212,7 +212,9 @@ private:
     }
 
     void noteBody(std::size_t document, const SchemaDocument& schema, const SpecSchema& body) {
-        if (const char* fault = faultOfValueType(body)) {
+        const char* const fault = faultOfValueType(body);
+        // A property that is at fault has been told of.
+        if (fault != nullptr && schema.properties.find(Frame::value) == nullptr) {
             schema.report(Rule::MissingProperty, fault);
         }
         const auto* complex = std::get_if<ComplexSpecSchema>(&body.shape);
@@ -664,7 +666,12 @@ private:
         }
         for (const UnitFault& fault : finishUnits(units_, sound)) {
             const std::size_t reference = entries_[fault.document].firstReference;
-            if (reference < entries_[fault.document + 1].firstReference) {
+            const std::size_t count = entries_[fault.document + 1].firstReference - reference;
+            if (count == 1 && !fault.message.empty()) {
+                // What it refers to is there, so that only its kind can be wrong.
+                reportWrongKind(reference, concat({references_[reference].target.typeId,
+                                                   " is of another kind than its place asks for."}));
+            } else if (count != 0) {
                 reportWrongKind(reference, fault.message);
             } else {
                 add(fault.document, Rule::RefusedByUnits, fault.message);

@@ -277,7 +277,7 @@ void reportOddFrame(const SchemaDocument& document, DocumentObserver& observer, 
                                      concat({"Base ", document.baseSchema, " is of no known version."}),
                                      nearestBase(document.baseSchema, suggester)});
     }
-    if (!endsInVersion(document.typeId)) {
+    if (!document.typeId.empty() && !endsInVersion(document.typeId)) {
         observer.findings.push_back(
             {Rule::TypeIdWithoutVersion,
              document.root.getMember(Frame::typeId).identity(),

@@ -89,11 +89,13 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
         JSON element = array.getElement(i);
         const JSON id = element.getMember(Frame::id);
         if (!requireMember(element, id)) {
+            ignoreMembers(element, {Frame::value, Frame::typedValue, Frame::typeId});
             continue;
         }
         const std::string_view idText = id.getStringView();
         if (repetitions.isRepeated(idText, members)) {
             id.report(Rule::RepeatedId, concat({"Item ", idText, " in ", key, " array must be defined only once."}));
+            ignoreMembers(element, {Frame::value, Frame::typedValue, Frame::typeId});
             continue;
         }
         members.push_back({idText, std::move(element)});

@@ -59,11 +59,6 @@ void readSpecConstant(const SchemaDocument& document, const ParameterForm& form,
 
 /// The category that a family type takes as an override.
 std::string_view readFamilyTypeCategory(const JSON& json, std::string_view spec) {
-    if (!containsPrefix(spec, Vocabulary::familyTypeSpec.majorPrefix)) {
-        json.getMember(Frame::typeId)
-            .report(Rule::UnknownBase,
-                    "Reference parameter schema may use only major version 1 of the family type base spec.");
-    }
     const JSON value = json.getMember(Frame::typedValue);
     if (!value.exists()) {
         json.report(Rule::MissingMember,
@@ -102,12 +97,20 @@ void readReferenceSpecConstant(const SchemaDocument& document, const ParameterFo
                           if (spec->empty()) {
                               return;
                           }
-                          if (containsPrefix(*spec, Vocabulary::familyTypeSpec.prefix)) {
-                              schema.range = CategoryReference{readFamilyTypeCategory(json, *spec)};
-                          } else if (json.hasMember(Frame::value) || json.hasMember(Frame::typedValue)) {
-                              json.report(Rule::WrongForm,
-                                          concat({"Inline value override for spec ", *spec, " is not permitted."}));
+                          if (!containsPrefix(*spec, Vocabulary::familyTypeSpec.prefix)) {
+                              if (json.hasMember(Frame::value) || json.hasMember(Frame::typedValue)) {
+                                  json.report(Rule::WrongForm,
+                                              concat({"Inline value override for spec ", *spec, " is not permitted."}));
+                              }
+                              return;
                           }
+                          if (!containsPrefix(*spec, Vocabulary::familyTypeSpec.majorPrefix)) {
+                              schema.spec = form.defaultSpec;
+                              json.getMember(Frame::typeId)
+                                  .report(Rule::UnknownBase, "Reference parameter schema may use only major version 1 "
+                                                             "of the family type base spec.");
+                          }
+                          schema.range = CategoryReference{readFamilyTypeCategory(json, *spec)};
                       }});
 }
 
