@@ -83,13 +83,15 @@ Finding findingOfUnread(const JSON::Node& node, const AskedMember* first, const 
     return finding;
 }
 
-void reportUnreadMembers(const JSON& root, DocumentObserver& observer, Suggester& suggester) {
+/// What is in entries that are unread as a whole is not reported for itself.
+void reportUnreadMembers(const JSON& root, const std::set<const void*>& unreadEntries, DocumentObserver& observer,
+                         Suggester& suggester) {
     const Lookups lookups(observer.askedMembers);
     if (lookups.haveFoundAll()) {
         return;
     }
     root.walk([&](const JSON::Node& node) {
-        if (node.object == nullptr) {
+        if (node.object == nullptr || unreadEntries.count(node.object) != 0) {
             return;
         }
         const auto [first, last] = lookups.in(node.object);
@@ -159,8 +161,8 @@ Finding findingOfUnread(std::string_view section, std::string_view id, const std
     return finding;
 }
 
-void reportUnreadEntries(std::string_view section, const SchemaMembers& members, DocumentObserver& observer,
-                         Suggester& suggester) {
+void reportUnreadEntries(std::string_view section, const SchemaMembers& members, std::set<const void*>& unreadEntries,
+                         DocumentObserver& observer, Suggester& suggester) {
     if (members.empty()) {
         return;
     }
@@ -178,6 +180,7 @@ void reportUnreadEntries(std::string_view section, const SchemaMembers& members,
     }
     for (const SchemaMember& member : members) {
         if (found.count(member.id) == 0) {
+            unreadEntries.insert(member.json.identity());
             observer.findings.push_back(findingOfUnread(section, member.id, missing, suggester));
         }
     }
@@ -258,10 +261,14 @@ JSON inlineValueOf(const SchemaDocument& document) {
 } // namespace
 
 void reportUnread(const SchemaDocument& document, DocumentObserver& observer, Suggester& suggester) {
-    reportUnreadMembers(document.root, observer, suggester);
-    reportUnreadEntries(Frame::constants, document.constants, observer, suggester);
-    reportUnreadEntries(Frame::properties, document.properties, observer, suggester);
-    reportUnreadEntries(Frame::enumItems, document.enumItems, observer, suggester);
+    std::set<const void*> unreadEntries;
+    const auto reportEntries = [&](std::string_view section, const SchemaMembers& members) {
+        reportUnreadEntries(section, members, unreadEntries, observer, suggester);
+    };
+    reportEntries(Frame::constants, document.constants);
+    reportEntries(Frame::properties, document.properties);
+    reportEntries(Frame::enumItems, document.enumItems);
+    reportUnreadMembers(document.root, unreadEntries, observer, suggester);
 }
 
 std::string nearestBase(std::string_view base, Suggester& suggester) {

@@ -147,15 +147,16 @@ TEST(ExportCommand, LeavesTheFormerFileAndNothingElseWhereTheTextDoesNotFit) {
 
 TEST(ExportCommand, GoesOnAfterAnInterruption) {
     const TemporaryFolder folder;
-    folder.write("a.jsonl", Documents::domain("a", "A") + '\n' + Documents::domain("b", "B"));
+    folder.write("a.jsonl", Documents::domain("a-1.0.0", "A") + '\n' + Documents::domain("b-1.0.0", "B"));
     const std::string again = "$tool export a.jsonl --data-model 1.0.0 --out out";
     // What a computer that failed leaves behind is no document either.
     EXPECT_EQ(
-        runShell(again + " && rm out/b.json && echo '{' >out/.parameters-Ab3dEf && " + again + " && $tool check out",
+        runShell(again + " && rm out/b-1.0.0.json && echo '{' >out/.parameters-Ab3dEf && " + again +
+                     " && $tool check out",
                  folder.path())
             .output,
         Documents::repeated("2 documents in out for data model 1.0.0, 0 rewritten; 0 cannot be represented.\n", 2) +
-            "domain       2\n2 documents, no errors.\n");
+            "2 documents, no faults.\n");
 }
 
 TEST(ExportCommand, MakesFileNamesThatEverySystemTakesAndTellsApart) {
@@ -183,7 +184,7 @@ TEST(BundleCommand, WritesWhatLoadsByItself) {
                 FieldsAre(0, "7 documents written to " + folder.path("out") + "; they load on their own.\n", ""));
     EXPECT_EQ(Documents::textOf(folder.path("out/acme.building_parameter.supplyDiffuser-1.0.0.json")),
               Documents::textOf(PARAMETERS_SOURCE_DIR "/examples/catalog/parameters/air/supply-diffuser.json"));
-    EXPECT_THAT(runTool({"check", folder.path("out")}).output, EndsWith("7 documents, no errors.\n"));
+    EXPECT_THAT(runTool({"check", folder.path("out")}).output, EndsWith("7 documents, no faults.\n"));
     EXPECT_EQ(runToolOn(Documents::discipline("a", "N"), {"bundle", "a.jsonl", "--typeid", "a", "--out", "out"}).output,
               "1 document written to out; it loads on its own.\n");
 }
