@@ -61,7 +61,7 @@ public:
     Value& operator[](const Key& key) { return emplace(key, Value{}).first->second; }
 
     iterator erase(iterator member) {
-        const iterator next = Base::erase(member);
+        const auto next = Base::erase(member);
         positions_.clear();
         index();
         return next;

@@ -230,6 +230,7 @@ std::string formatFinding(const Finding& finding, bool hasColors) {
 const std::vector<std::string>& reportFormats() {
     static const std::vector<std::string> names = [] {
         std::vector<std::string> all;
+        all.reserve(formatRows.size());
         for (const FormatRow& row : formatRows) {
             all.emplace_back(row.name);
         }

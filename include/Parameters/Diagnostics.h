@@ -4,6 +4,7 @@
 #include <Parameters/ParametersEngine.h>
 
 #include <cstddef>
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>

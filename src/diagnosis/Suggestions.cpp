@@ -45,9 +45,9 @@ std::size_t editDistance(std::string_view left, std::string_view right, std::siz
     }
     // Rows of the table of distances between all beginnings: that of the character before the last, the last, the next.
     std::array<std::array<std::size_t, longestWord + 1>, 3> rows{};
-    auto* beforeLast = &rows[0];
-    auto* last = &rows[1];
-    auto* next = &rows[2];
+    auto* beforeLast = rows.data();
+    auto* last = beforeLast + 1;
+    auto* next = last + 1;
     for (std::size_t j = 0; j <= right.size(); ++j) {
         (*last)[j] = j;
     }
