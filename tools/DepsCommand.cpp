@@ -52,8 +52,8 @@ void printAsTable(const Links& links, const std::map<std::string, Item>& items, 
 Status printDependencies(const DepsOptions& options) {
     const Catalog catalog = loadForUse(options.sources);
     const std::string typeId = typeIdIn(catalog, options.typeId);
-    const auto items = itemsOf(catalog);
-    const Links links = options.isReverse ? linksToReferrers(catalog) : linksToReferences(catalog);
+    const Links links = options.isReverse ? linksToReferrers(catalog) : Links(catalog);
+    const auto items = itemsAround(catalog, links, typeId);
     if (options.asTree) {
         std::set<std::string> shown;
         printTree(treeOf(links, items, typeId, shown));

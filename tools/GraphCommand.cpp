@@ -38,8 +38,8 @@ std::map<std::string, std::size_t> documentsToShow(const Catalog& catalog, const
         return reachableFrom(options.isReverse ? linksToReferrers(catalog) : references, typeId, options.depth);
     }
     std::map<std::string, std::size_t> all;
-    for (const auto& [typeId, neighbours] : references) {
-        all.emplace(typeId, 0);
+    for (const Document& document : catalog.documents) {
+        all.emplace(document.typeId, 0);
     }
     return all;
 }
@@ -65,7 +65,7 @@ std::string pictureOf(const std::string& dot, std::size_t documents, std::size_t
 
 Status graph(const GraphOptions& options) {
     const Catalog catalog = loadForUse(options.sources);
-    const Links references = linksToReferences(catalog);
+    const Links references(catalog);
     const auto shown = documentsToShow(catalog, references, options);
     const std::string dot = dotText(itemsOf(catalog), references, shown);
     if (options.file.empty()) {

@@ -6,7 +6,9 @@
 
 #include <fmt/core.h>
 
+#include <stdexcept>
 #include <type_traits>
+#include <utility>
 
 namespace Tool {
 
@@ -18,30 +20,71 @@ template <class Object, class = void> struct HasName : std::false_type {};
 template <class Object>
 struct HasName<Object, std::void_t<decltype(std::declval<const Object&>().getName())>> : std::true_type {};
 
+template <class Object> Item itemOf(const Kind& kind, const Object& object) {
+    Item item;
+    item.kind = &kind;
+    if constexpr (HasName<Object>::value) {
+        item.name = object.getName();
+    }
+    return item;
+}
+
 template <class Engine, class Object, class Objects>
 void addAll(Items& items, const Parameters::ParametersEngine& engine, const ListedKind<Engine, Object, Objects>& row) {
     for (const auto& [typeId, object] : row.getAll(engine)) {
-        Item& item = items[typeId];
-        item.kind = &row.kind;
-        if constexpr (HasName<Object>::value) {
-            item.name = object.getName();
-        }
+        items.emplace_hint(items.end(), typeId, itemOf(row.kind, object));
     }
 }
 
 void addAll(Items& /*items*/, const Parameters::ParametersEngine& /*engine*/, const UnlistedKind& /*row*/) {}
 
+/// Whether the object is of the kind of the row, which the item then tells.
+template <class Engine, class Object, class Objects>
+bool describe(Item& item, const Parameters::ParametersEngine& engine, const ListedKind<Engine, Object, Objects>& row,
+              const std::string& typeId) {
+    try {
+        item = itemOf(row.kind, row.get(engine, typeId));
+        return true;
+    } catch (const std::logic_error&) {
+        return false;
+    }
+}
+
+bool describe(Item& /*item*/, const Parameters::ParametersEngine& /*engine*/, const UnlistedKind& /*row*/,
+              const std::string& /*typeId*/) {
+    return false;
+}
+
+Item unlistedItem(const Document& document) {
+    return {&std::get<UnlistedKind>(kindRows).kind, readFrame(document.text).name, &document};
+}
+
 } // namespace
+
+Items itemsAround(const Catalog& catalog, const Links& links, const std::string& typeId) {
+    Items items;
+    for (const auto& [found, distance] : reachableFrom(links, typeId)) {
+        const Document& document = catalog.documents[catalog.positions.at(found)];
+        Item item;
+        bool isListed = false;
+        forEachKind([&, &typeIdFound = found](const auto& row) {
+            isListed = isListed || describe(item, catalog.engine, row, typeIdFound);
+        });
+        item.document = &document;
+        items.emplace(found, isListed ? std::move(item) : unlistedItem(document));
+    }
+    return items;
+}
 
 Items itemsOf(const Catalog& catalog) {
     Items items;
     forEachKind([&](const auto& row) { addAll(items, catalog.engine, row); });
     for (const Document& document : catalog.documents) {
-        const auto [entry, isUnlisted] = items.try_emplace(document.typeId);
-        entry->second.document = &document;
-        if (isUnlisted) {
-            entry->second.kind = &std::get<UnlistedKind>(kindRows).kind;
-            entry->second.name = readFrame(document.text).name;
+        const auto entry = items.find(document.typeId);
+        if (entry != items.end()) {
+            entry->second.document = &document;
+        } else {
+            items.emplace(document.typeId, unlistedItem(document));
         }
     }
     return items;

@@ -2,6 +2,7 @@
 
 #include "Catalog.h"
 #include "Kinds.h"
+#include "References.h"
 
 #include <Parameters/DataModelVersion.h>
 
@@ -22,6 +23,9 @@ struct Item {
 
 /// All finished documents by typeid.
 std::map<std::string, Item> itemsOf(const Catalog& catalog);
+
+/// A document and all that links lead to from it, by typeid.
+std::map<std::string, Item> itemsAround(const Catalog& catalog, const Links& links, const std::string& typeId);
 
 /// name (typeid), or the typeid alone if there is no name.
 std::string formatLabel(const std::string& typeId, const std::string& name);

@@ -8,20 +8,20 @@
 
 namespace Tool {
 
-Links linksToReferences(const Catalog& catalog) {
-    Links links;
-    for (const Document& document : catalog.documents) {
-        links.emplace(document.typeId, referencesOf(document));
+const std::set<std::string>& Links::at(const std::string& typeId) const {
+    const auto [entry, isNew] = known_.try_emplace(typeId);
+    if (isNew) {
+        entry->second = referencesOf(catalog_.documents[catalog_.positions.at(typeId)]);
     }
-    return links;
+    return entry->second;
 }
 
 Links linksToReferrers(const Catalog& catalog) {
-    Links links;
-    for (const auto& [typeId, references] : linksToReferences(catalog)) {
-        links.try_emplace(typeId);
-        for (const std::string& reference : references) {
-            links[reference].insert(typeId);
+    Links links(catalog);
+    for (const Document& document : catalog.documents) {
+        links.known_.try_emplace(document.typeId);
+        for (const std::string& reference : referencesOf(document)) {
+            links.known_[reference].insert(document.typeId);
         }
     }
     return links;

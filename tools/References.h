@@ -11,10 +11,22 @@
 
 namespace Tool {
 
-/// The neighbours of each finished document.
-using Links = std::map<std::string, std::set<std::string>>;
+/// The neighbours of each finished document: what it refers to, found out when it is asked for.
+class Links {
+public:
+    explicit Links(const Catalog& catalog) : catalog_(catalog) {}
 
-Links linksToReferences(const Catalog& catalog);
+    [[nodiscard]] const std::set<std::string>& at(const std::string& typeId) const;
+
+private:
+    friend Links linksToReferrers(const Catalog& catalog);
+
+    const Catalog& catalog_;
+    /// Those that have been asked for.
+    mutable std::map<std::string, std::set<std::string>> known_;
+};
+
+/// The other way round: what refers to each document.
 Links linksToReferrers(const Catalog& catalog);
 
 inline constexpr std::size_t anyDistance = std::numeric_limits<std::size_t>::max();

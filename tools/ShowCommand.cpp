@@ -207,7 +207,7 @@ struct ShowOptions {
 Status show(const ShowOptions& options) {
     const Catalog catalog = loadForUse(options.sources);
     const std::string typeId = typeIdIn(catalog, options.typeId);
-    printTree(describe(catalog, itemsOf(catalog), typeId));
+    printTree(describe(catalog, itemsAround(catalog, Links(catalog), typeId), typeId));
     return statusOf(catalog.report);
 }
 

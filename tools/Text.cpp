@@ -25,8 +25,12 @@ template <class Visit> void forEachCharacter(std::string_view text, Visit visit)
     }
 }
 
+/// Whether each character is one of ASCII that is seen, as in most texts.
+bool isPlainAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char character) { return character >= ' ' && character < '\x7f'; });
+}
+
 bool isUnseen(utf8proc_int32_t codePoint) {
-    // Most characters of most texts.
     if (codePoint >= ' ' && codePoint < '\x7f') {
         return false;
     }
@@ -51,6 +55,9 @@ std::string escapedInJson(utf8proc_int32_t codePoint) {
 } // namespace
 
 std::string printable(std::string_view text) {
+    if (isPlainAscii(text)) {
+        return std::string(text);
+    }
     std::string result;
     result.reserve(text.size());
     forEachCharacter(text, [&](utf8proc_int32_t codePoint, std::string_view bytes) {
@@ -95,6 +102,9 @@ std::string shortened(std::string_view text, std::size_t longest) {
 }
 
 std::size_t widthOf(std::string_view text) {
+    if (isPlainAscii(text)) {
+        return text.size();
+    }
     std::size_t width = 0;
     forEachCharacter(text, [&](utf8proc_int32_t codePoint, std::string_view) {
         width += codePoint == noCharacter ? 1 : static_cast<std::size_t>(utf8proc_charwidth(codePoint));

@@ -65,7 +65,7 @@ TEST(Diagnosis, KnowsWhatTheEngineKnowsWhateverItsState) {
                                                                      " is already registered. (\"" + taken + "\")"));
     }
     EXPECT_TRUE(known.isRegistered("pending"));
-    EXPECT_THROW(known.getGroup("pending"), UnrecognizedIdentifierException);
+    EXPECT_THROW(static_cast<void>(known.getGroup("pending")), UnrecognizedIdentifierException);
 }
 
 TEST(Diagnosis, TakesOptions) {
