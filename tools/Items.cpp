@@ -56,7 +56,7 @@ bool describe(Item& /*item*/, const Parameters::ParametersEngine& /*engine*/, co
 }
 
 Item unlistedItem(const Document& document) {
-    return {&std::get<UnlistedKind>(kindRows).kind, readFrame(document.text).name, &document};
+    return {&std::get<UnlistedKind>(kindRows).kind, nameOf(document.text), &document};
 }
 
 } // namespace
@@ -94,12 +94,12 @@ std::string formatLabel(const std::string& typeId, const std::string& name) {
     return printable(name.empty() ? typeId : fmt::format("{} ({})", name, typeId));
 }
 
-std::string formatVersion(Parameters::DataModelVersion version) {
+const char* formatVersion(Parameters::DataModelVersion version) {
     return versionTexts.at(static_cast<std::size_t>(version));
 }
 
-std::string formatNameOf(const Document& document) {
-    return readFrame(document.text).hasSpecification ? "LumarDataSchema" : "PropertySets";
+const char* formatNameOf(const Document& document) {
+    return hasSpecification(document.text) ? "LumarDataSchema" : "PropertySets";
 }
 
 } // namespace Tool

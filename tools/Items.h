@@ -32,9 +32,9 @@ std::string formatLabel(const std::string& typeId, const std::string& name);
 
 /// By version.
 inline constexpr std::array versionTexts = {"1.0.0", "2.0.0", "3.0.0"};
-std::string formatVersion(Parameters::DataModelVersion version);
+const char* formatVersion(Parameters::DataModelVersion version);
 
 /// "LumarDataSchema" or "PropertySets", the form in which the document was registered.
-std::string formatNameOf(const Document& document);
+const char* formatNameOf(const Document& document);
 
 } // namespace Tool

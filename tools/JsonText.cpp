@@ -4,80 +4,113 @@
 #include <rapidjson/reader.h>
 
 #include <cstddef>
+#include <utility>
 
 namespace Tool {
 
 namespace {
 
-/// Keeps what belongs to the frame. As in the library, the first of several members of one name counts, and a string
-/// ends at its first NUL.
-class FrameHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, FrameHandler> {
+/// Follows the depth, and the names of members. Results may be set by derived handlers, which stop the parser by false.
+template <class Derived> class FrameHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Derived> {
 public:
-    FrameHandler(DocumentFrame& frame, bool stopsAtTypeId) : frame_(frame), stopsAtTypeId_(stopsAtTypeId) {}
-
     bool Key(const char* text, rapidjson::SizeType size, bool /*copy*/) {
-        const std::string_view key(text, size);
-        isTypeId_ = depth_ == 1 && !hasTypeId_ && key == "typeid";
-        isInConstants_ = depth_ == 1 ? key == "constants" : isInConstants_;
-        constantKey_ = depth_ == depthOfConstants ? key : std::string_view();
-        frame_.hasSpecification = frame_.hasSpecification || (depth_ == 1 && key == "schemaSpecification");
-        return true;
+        key_.assign(text, size);
+        if (depth_ == 1) {
+            section_ = key_;
+        }
+        return static_cast<Derived*>(this)->key();
     }
     bool String(const char* text, rapidjson::SizeType size, bool /*copy*/) {
-        if (isTypeId_) {
-            const std::string_view typeId(text, size);
-            frame_.typeId = typeId.substr(0, typeId.find('\0'));
-            hasTypeId_ = true;
-            isTypeId_ = false;
-            return !stopsAtTypeId_;
-        }
-        if (isInConstants_ && depth_ == depthOfConstants) {
-            const std::string_view value(text, size);
-            isName_ = constantKey_ == "id" ? value == "name" : isName_;
-            if (constantKey_ == "value") {
-                value_ = value;
-            }
-        }
-        return true;
+        const std::string_view whole(text, size);
+        // As in the library, a string ends at its first NUL.
+        return static_cast<Derived*>(this)->string(whole.substr(0, whole.find('\0')));
     }
     bool StartObject() { return enter(); }
     bool EndObject(rapidjson::SizeType /*size*/) { return leave(); }
     bool StartArray() { return enter(); }
     bool EndArray(rapidjson::SizeType /*size*/) { return leave(); }
 
+    // What most do with a key, a string, or the end of an object or array.
+    bool key() { return true; }
+    bool string(std::string_view /*text*/) { return true; }
+    bool end() { return true; }
+
+protected:
+    /// Of the members and elements that are being read: 1 in the document itself.
+    [[nodiscard]] std::size_t depth() const { return depth_; }
+    /// The name of the last member.
+    [[nodiscard]] const std::string& lastKey() const { return key_; }
+    /// That of the last member of the document itself.
+    [[nodiscard]] const std::string& section() const { return section_; }
+
 private:
     bool enter() {
         ++depth_;
-        isTypeId_ = false;
+        key_.clear();
         return true;
     }
     bool leave() {
-        if (isInConstants_ && depth_ == depthOfConstants) {
-            // The members of a constant come in any order.
-            if (isName_) {
-                frame_.name = value_;
-            }
-            isName_ = false;
-            value_.clear();
-        }
+        const bool goesOn = static_cast<Derived*>(this)->end();
         --depth_;
+        return goesOn;
+    }
+
+    std::size_t depth_ = 0;
+    std::string key_;
+    std::string section_;
+};
+
+struct TypeIdHandler : FrameHandler<TypeIdHandler> {
+    bool string(std::string_view text) {
+        const bool isTypeId = depth() == 1 && lastKey() == "typeid";
+        if (isTypeId) {
+            typeId = text;
+        }
+        return !isTypeId;
+    }
+
+    std::string typeId;
+};
+
+constexpr std::string_view specificationKey = "schemaSpecification";
+
+struct SpecificationHandler : FrameHandler<SpecificationHandler> {
+    bool key() {
+        isThere = depth() == 1 && lastKey() == specificationKey;
+        return !isThere;
+    }
+
+    bool isThere = false;
+};
+
+struct NameHandler : FrameHandler<NameHandler> {
+    bool string(std::string_view text) {
+        if (section() == "constants" && depth() == depthOfConstants) {
+            isName = lastKey() == "id" ? text == "name" : isName;
+            if (lastKey() == "value") {
+                value = text;
+            }
+        }
+        return true;
+    }
+    bool end() {
+        // The members of a constant come in any order.
+        if (section() == "constants" && depth() == depthOfConstants) {
+            if (isName) {
+                name = value;
+                return false;
+            }
+            value.clear();
+        }
         return true;
     }
 
     /// Of their members.
     static constexpr std::size_t depthOfConstants = 3;
 
-    DocumentFrame& frame_;
-    bool stopsAtTypeId_;
-    std::size_t depth_ = 0;
-    /// Whether the next value is the typeid.
-    bool isTypeId_ = false;
-    bool hasTypeId_ = false;
-    bool isInConstants_ = false;
-    /// Of the member of a constant that is being read.
-    std::string constantKey_;
-    bool isName_ = false;
-    std::string value_;
+    bool isName = false;
+    std::string value;
+    std::string name;
 };
 
 /// The parser does not recurse, so that texts may nest as they like.
@@ -93,18 +126,26 @@ bool isCompleteJson(std::string_view text) {
     return parse(text, ignoring);
 }
 
-DocumentFrame readFrame(std::string_view text) {
-    DocumentFrame frame;
-    FrameHandler handler(frame, false);
+std::string typeIdOf(std::string_view text) {
+    TypeIdHandler handler;
     parse(text, handler);
-    return frame;
+    return std::move(handler.typeId);
 }
 
-std::string typeIdOf(std::string_view text) {
-    DocumentFrame frame;
-    FrameHandler handler(frame, true);
+std::string nameOf(std::string_view text) {
+    NameHandler handler;
     parse(text, handler);
-    return frame.typeId;
+    return std::move(handler.name);
+}
+
+bool hasSpecification(std::string_view text) {
+    // Most documents that do not name it do not contain it either, however it may be written.
+    if (text.find(specificationKey) == std::string_view::npos && text.find('\\') == std::string_view::npos) {
+        return false;
+    }
+    SpecificationHandler handler;
+    parse(text, handler);
+    return handler.isThere;
 }
 
 } // namespace Tool

@@ -21,11 +21,11 @@ struct ListOptions {
 
 struct Entry {
     std::string typeId;
-    std::string kind;
+    const char* kind;
     std::string name;
-    std::string format;
-    std::string lowestVersion;
-    std::string highestVersion;
+    const char* format;
+    const char* lowestVersion;
+    const char* highestVersion;
     Origin origin;
 };
 
@@ -45,7 +45,7 @@ void printAsTable(const std::vector<Entry>& entries) {
     std::vector<Row> rows = {{"TYPEID", "KIND", "NAME", "FORMAT", "VERSIONS"}};
     for (const Entry& entry : entries) {
         rows.push_back({printable(entry.typeId), entry.kind, printable(entry.name), entry.format,
-                        entry.lowestVersion + " to " + entry.highestVersion});
+                        fmt::format("{} to {}", entry.lowestVersion, entry.highestVersion)});
     }
     printTable(rows);
 }
