@@ -144,6 +144,7 @@ std::string typeIdIn(const Catalog& catalog, const std::string& ending) {
     if (found.empty()) {
         throw std::runtime_error(messageOfUnknown(catalog, ending));
     }
+    std::sort(found.begin(), found.end());
     const std::size_t more = found.size() - std::min(found.size(), mostNamed);
     found.resize(found.size() - more);
     std::transform(found.begin(), found.end(), found.begin(), [](const auto& typeId) { return printable(typeId); });

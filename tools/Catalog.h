@@ -6,9 +6,10 @@
 #include <Parameters/ParametersEngine.h>
 
 #include <cstddef>
-#include <map>
 #include <set>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace Tool {
@@ -27,7 +28,7 @@ struct Catalog {
     /// In the order of the paths.
     std::vector<Document> documents;
     /// Positions of documents, by typeid.
-    std::map<std::string_view, std::size_t> positions;
+    std::unordered_map<std::string_view, std::size_t> positions;
     /// Why others are not loaded; empty if all are.
     Report report;
 };

@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace Tool {
 
@@ -79,11 +80,15 @@ Items itemsAround(const Catalog& catalog, const Links& links, const std::string&
 Items itemsOf(const Catalog& catalog) {
     Items items;
     forEachKind([&](const auto& row) { addAll(items, catalog.engine, row); });
-    for (const Document& document : catalog.documents) {
-        const auto entry = items.find(document.typeId);
-        if (entry != items.end()) {
-            entry->second.document = &document;
-        } else {
+    std::vector<bool> isListed(catalog.documents.size());
+    for (auto& [typeId, item] : items) {
+        const std::size_t position = catalog.positions.at(typeId);
+        item.document = &catalog.documents[position];
+        isListed[position] = true;
+    }
+    for (std::size_t position = 0; position < isListed.size(); ++position) {
+        if (!isListed[position]) {
+            const Document& document = catalog.documents[position];
             items.emplace(document.typeId, unlistedItem(document));
         }
     }

@@ -20,7 +20,8 @@ void DocumentObserver::askedForMember(const JSON& value, std::string_view key, c
 }
 
 void DocumentObserver::askedForEntry(std::string_view section, std::string_view id, const SchemaMember* found) {
-    askedEntries.push_back({section, id, found != nullptr});
+    // Who asks may do so with an id of its own, which is soon gone.
+    askedEntries.push_back({section, found != nullptr ? found->id : id, found != nullptr});
 }
 
 void DocumentObserver::clear() {
