@@ -50,7 +50,7 @@ if(PARAMETERS_BUILD_TOOL)
     set(CPACK_DEBIAN_PARAMETERS_TOOL_PACKAGE_SECTION utils)
     set(CPACK_DEBIAN_PARAMETERS_TOOL_PACKAGE_SUGGESTS graphviz)
     set(CPACK_DEBIAN_PARAMETERS_TOOL_DESCRIPTION "${PROJECT_DESCRIPTION} (catalog tool)
-Checks, shows, compares and converts catalogs of schema documents.")
+Checks, shows and converts catalogs of schema documents.")
 endif()
 
 include(CPack)

@@ -15,7 +15,7 @@
 
 namespace Parameters {
 
-/// Fast, and keyed by random numbers, one key a process: who does not know it can hardly write documents whose typeids
+/// Fast, and keyed by random numbers, one key per process: who does not know it can hardly write documents whose typeids
 /// collide.
 [[nodiscard]] std::uint32_t hashOfTypeId(std::string_view typeId) noexcept;
 
