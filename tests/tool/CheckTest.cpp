@@ -279,6 +279,71 @@ TEST(CheckCommand, ReportsForPrograms) {
                   "documents.\n");
 }
 
+TEST(CheckCommand, ReportsInSarif) {
+    const TemporaryFolder folder;
+    folder.write("a b.json", Documents::group("test:g", "G"));
+    const std::string output = runTool({"check", "a b.json", "--format", "sarif"}, folder.path()).output;
+    EXPECT_THAT(output, StartsWith(R"({
+  "$schema": "https://json.schemastore.org/sarif-2.1.0.json",
+  "version": "2.1.0",
+  "runs": [
+    {
+      "tool": {
+        "driver": {
+          "name": "parameters",
+          "version": ")"));
+    EXPECT_THAT(output, HasSubstr(R"(
+          "rules": [
+            {
+              "id": "invalid-json",
+              "shortDescription": {
+                "text": "The text is no JSON."
+              },
+              "defaultConfiguration": {
+                "level": "error"
+              }
+            },
+)"));
+    EXPECT_THAT(output, EndsWith(R"(
+      "columnKind": "unicodeCodePoints",
+      "results": [
+        {
+          "ruleId": "typeid-without-version",
+          "level": "warning",
+          "message": {
+            "text": "Typeid test:g does not end in a version, such as -1.0.0."
+          },
+          "locations": [
+            {
+              "physicalLocation": {
+                "artifactLocation": {
+                  "uri": "a%20b.json"
+                },
+                "region": {
+                  "startLine": 1,
+                  "startColumn": 11,
+                  "endLine": 1,
+                  "endColumn": 19
+                }
+              },
+              "logicalLocations": [
+                {
+                  "fullyQualifiedName": "/typeid"
+                }
+              ]
+            }
+          ],
+          "properties": {
+            "typeid": "test:g"
+          }
+        }
+      ]
+    }
+  ]
+}
+)"));
+}
+
 TEST(CheckCommand, ChecksAgainstAContextAndFromStandardInput) {
     const TemporaryFolder folder;
     std::filesystem::create_directories(folder.path("catalog"));
