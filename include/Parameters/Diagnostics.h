@@ -26,6 +26,7 @@ enum class Severity {
 struct DiagnosticRule {
     /// Lower-case words with hyphens: "missing-reference".
     std::string_view name;
+    /// Of what is found by it.
     Severity severity;
     /// One sentence.
     std::string_view description;
@@ -36,14 +37,16 @@ struct DiagnosticRule {
 
 /// One thing that is to be said of a document.
 struct Diagnostic {
+    /// That of the rule.
     Severity severity = Severity::Error;
     /// The name of the rule; lives as long as the library.
     std::string_view rule;
     /// The position of the document among the texts.
     std::size_t document = 0;
-    /// Where the value at fault begins in the text, in bytes, and how long it is. What is said of the whole document,
-    /// such as that it lacks something, is said of its root; the length is 0 where the text is no JSON from there on.
+    /// Where the value at fault begins in the text, in bytes. What is said of the whole document, such as that it lacks
+    /// something, is said of its root.
     std::size_t offset = 0;
+    /// How long the value is, in bytes; 0 where the text is no JSON from the offset on.
     std::size_t length = 0;
     /// A JSON pointer to the value; empty for the root, and where the text is no JSON.
     std::string pointer;
