@@ -72,6 +72,35 @@ const std::vector<Measurement> measurements = {
     {"list, a name of DEL", 1'000'000, delName, "list a.jsonl"},
     {"show, a name of DEL", 1'000'000, delName, "show a.jsonl --typeid d"},
     {"graph, a name of DEL", 1'000'000, delName, "graph a.jsonl --out a.svg"},
+    {"check, many missing references in a document", 20'000,
+     [](std::size_t size) {
+         writeDocuments(
+             R"({"typeid":"c","inherits":["quovanta.talmo.category:majorCategory-1.0.0"],"constants":[)"
+             R"({"id":"name","value":"N"},{"id":"domain","typedValue":{"typeid":"d"}},)"
+             R"({"id":"disciplines","value":[{"typeid":"d"})" +
+             repeated(size,
+                      [](std::size_t number) { return R"(,{"typeid":"missing)" + std::to_string(number) + "\"}"; }) +
+             "]}]}\n");
+     },
+     "check a.jsonl"},
+    {"check, items of one number", 20'000,
+     [](std::size_t size) {
+         writeDocuments(
+             R"({"typeid":"e","inherits":["Enum"],"properties":[{"id":"i","value":0})" +
+             repeated(size,
+                      [](std::size_t number) { return R"(,{"id":"i)" + std::to_string(number) + R"(","value":0})"; }) +
+             "]}\n");
+     },
+     "check a.jsonl"},
+    {"check, many documents with an error behind a warning", 10'000,
+     [](std::size_t size) {
+         writeDocuments(repeated(size, [](std::size_t number) {
+             return R"({"oops":1,"typeid":"g)" + std::to_string(number) +
+                    R"(","inherits":["quovanta.parameter:group-1.0.0"],"constants":[{"id":"name","value":1}]})"
+                    "\n";
+         }));
+     },
+     "check a.jsonl"},
     {"check, a deep folder", 500,
      [](std::size_t size) {
          writeDocuments(discipline("d", "N"));

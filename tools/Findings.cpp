@@ -4,9 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
-#include <memory>
-#include <set>
-#include <unordered_map>
+#include <map>
 #include <utility>
 
 namespace Tool {
@@ -17,40 +15,29 @@ using Parameters::Severity;
 
 namespace {
 
-struct Position {
+/// Lines and columns to be found out, by the offsets that they are at.
+using Positions = std::multimap<std::size_t, std::pair<std::size_t*, std::size_t*>>;
+
+/// Finds them out in one walk through the text.
+void findPositions(std::string_view text, const Positions& positions) {
+    std::size_t offset = 0;
     std::size_t line = 1;
     std::size_t column = 1;
-};
-
-/// Finds lines and columns of places in one text. Places that come in order are found without starting over.
-class PositionSearch {
-public:
-    explicit PositionSearch(std::string_view text) : text_(text) {}
-
-    Position at(std::size_t offset) {
-        offset = std::min(offset, text_.size());
-        if (offset < offset_) {
-            offset_ = 0;
-            position_ = {};
-        }
-        for (; offset_ < offset; ++offset_) {
-            const auto byte = static_cast<unsigned char>(text_[offset_]);
+    for (const auto& [end, target] : positions) {
+        for (; offset < std::min(end, text.size()); ++offset) {
+            const auto byte = static_cast<unsigned char>(text[offset]);
             if (byte == '\n') {
-                ++position_.line;
-                position_.column = 1;
+                ++line;
+                column = 1;
             } else if ((byte & 0xC0U) != 0x80U) {
                 // All bytes of a character but the first look like this.
-                ++position_.column;
+                ++column;
             }
         }
-        return position_;
+        *target.first = line;
+        *target.second = column;
     }
-
-private:
-    std::string_view text_;
-    std::size_t offset_ = 0;
-    Position position_;
-};
+}
 
 bool isPartOfWord(char character) {
     return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '-' || character == '_';
@@ -106,6 +93,7 @@ public:
             next = last;
             report_.documentsWithFindings += report_.errors + report_.warnings != before ? 1 : 0;
         }
+        findPlaces();
         return std::move(report_);
     }
 
@@ -184,19 +172,23 @@ private:
     void place(Finding& finding, const DocumentText& source, std::size_t offset, std::size_t length) {
         const SourceFile& file = *source.origin.file;
         finding.file = file.name;
-        if (search_ == nullptr || searched_ != &file) {
-            search_ = std::make_unique<PositionSearch>(file.text);
-            searched_ = &file;
-        }
         const std::size_t begin =
             static_cast<std::size_t>((source.text.empty() ? file.text.data() : source.text.data()) - file.text.data()) +
             offset;
-        const Position first = search_->at(begin);
-        const Position last = search_->at(begin + length);
-        finding.line = first.line;
-        finding.column = first.column;
-        finding.endLine = last.line;
-        finding.endColumn = last.column;
+        places_[&file].push_back({report_.findings.size(), begin, begin + length});
+    }
+
+    /// Tells of all findings with places which lines and columns these are.
+    void findPlaces() {
+        for (const auto& [file, places] : places_) {
+            Positions positions;
+            for (const Place& place : places) {
+                Finding& finding = report_.findings[place.finding];
+                positions.emplace(place.begin, std::pair(&finding.line, &finding.column));
+                positions.emplace(place.end, std::pair(&finding.endLine, &finding.endColumn));
+            }
+            findPositions(file->text, positions);
+        }
     }
 
     void count(Finding finding) {
@@ -208,8 +200,13 @@ private:
     const DocumentFiles& files_;
     const ReportOptions& options_;
     Report report_;
-    const SourceFile* searched_ = nullptr;
-    std::unique_ptr<PositionSearch> search_;
+    /// Of a finding, which is counted next, in its file.
+    struct Place {
+        std::size_t finding;
+        std::size_t begin;
+        std::size_t end;
+    };
+    std::map<const SourceFile*, std::vector<Place>> places_;
 };
 
 } // namespace

@@ -15,8 +15,8 @@
 
 namespace Parameters {
 
-/// Fast, and keyed by random numbers, one key per process: who does not know it can hardly write documents whose typeids
-/// collide.
+/// Fast, and keyed by random numbers, one key per process: who does not know it can hardly write documents whose
+/// typeids collide.
 [[nodiscard]] std::uint32_t hashOfTypeId(std::string_view typeId) noexcept;
 
 /// Slower, and made for withstanding who tries: for a map in which many typeids collide all the same.

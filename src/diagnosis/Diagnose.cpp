@@ -355,17 +355,39 @@ private:
         return diagnostic;
     }
 
-    ValuePlace placeOf(std::size_t reference) const {
+    ValuePlace placeOf(std::size_t reference) {
         const auto known = placesOfReferences_.find(reference);
         if (known != placesOfReferences_.end()) {
             return known->second;
         }
-        const std::string_view text = texts_[references_[reference].document];
-        // The quotation mark stands in front.
-        const auto wanted = static_cast<std::size_t>(references_[reference].target.typeId.data() - text.data()) - 1;
-        const auto places = placesIn(text.substr(0, text.find('\0')),
-                                     [&](std::size_t /*number*/, std::size_t offset) { return offset == wanted; });
-        return places.empty() ? ValuePlace() : places.front();
+        if (placedDocument_ != references_[reference].document) {
+            placeReferencesOf(references_[reference].document);
+        }
+        return places_.at(offsetOf(reference));
+    }
+
+    /// Where a reference begins whose characters are those of its text: the quotation mark stands in front.
+    [[nodiscard]] std::size_t offsetOf(std::size_t reference) const {
+        const Reference& each = references_[reference];
+        return static_cast<std::size_t>(each.target.typeId.data() - texts_[each.document].data()) - 1;
+    }
+
+    /// All at once, since a document may have very many.
+    void placeReferencesOf(std::size_t document) {
+        places_.clear();
+        placedDocument_ = document;
+        const std::size_t last = entries_[document + 1].firstReference;
+        for (std::size_t i = entries_[document].firstReference; i < last; ++i) {
+            if (placesOfReferences_.count(i) == 0) {
+                places_.emplace(offsetOf(i), ValuePlace());
+            }
+        }
+        const std::string_view text = texts_[document];
+        const auto isWanted = [&](std::size_t /*number*/, std::size_t offset) { return places_.count(offset) != 0; };
+        for (ValuePlace& place : placesIn(text.substr(0, text.find('\0')), isWanted)) {
+            const std::size_t offset = place.offset;
+            places_[offset] = std::move(place);
+        }
     }
 
     // References.
@@ -486,7 +508,7 @@ private:
 
     /// The documents by which a reference leads back to the document that it stands in; empty if it does not. Larger
     /// circles than anybody makes are not searched for.
-    std::vector<std::size_t> circleFrom(std::size_t document, const TypeIdKey& target) const {
+    std::vector<std::size_t> circleFrom(std::size_t document, const TypeIdKey& target) {
         constexpr std::size_t mostVisited = 1000;
         const std::uint32_t* definer = index_.find(target);
         if (definer == nullptr) {
@@ -508,7 +530,8 @@ private:
                 return {circle.rbegin(), circle.rend()};
             }
             const std::size_t last = entries_[current + 1].firstReference;
-            for (std::size_t i = entries_[current].firstReference; i < last; ++i) {
+            for (std::size_t i = entries_[current].firstReference; i < last && stepsLeft_ != 0; ++i) {
+                --stepsLeft_;
                 const std::uint32_t* next =
                     references_[i].kind != valueType ? index_.find(references_[i].target) : nullptr;
                 if (next != nullptr && cameFrom.emplace(*next, current).second) {
@@ -761,6 +784,11 @@ private:
     /// In the order of the documents.
     std::vector<Reference> references_;
     PlacesOfReferences placesOfReferences_;
+    /// Those of the other references of one document, by offset.
+    std::unordered_map<std::size_t, ValuePlace> places_;
+    std::size_t placedDocument_ = static_cast<std::size_t>(-1);
+    /// How many references may still be followed in search of circles, so that the search takes no longer than reading.
+    std::size_t stepsLeft_ = 5'000'000;
     /// Typeids whose characters are not those of a text.
     TextArena arena_;
     std::vector<UnitDocument> unitDocuments_;

@@ -296,21 +296,27 @@ void reportOddFrame(const SchemaDocument& document, DocumentObserver& observer, 
 }
 
 void reportOddBody(const EnumerationSchema& body, const SchemaDocument& document, DocumentObserver& observer) {
-    // Equal numbers stand side by side.
+    // Equal numbers stand side by side: by an item the one before it.
+    std::map<std::string_view, std::string_view> repeated;
     const auto& values = body.values;
     for (std::size_t i = 1; i < values.size(); ++i) {
-        if (values[i - 1].second != values[i].second) {
-            continue;
+        if (values[i - 1].second == values[i].second) {
+            repeated.emplace(values[i].first, values[i - 1].first);
         }
-        const auto& items =
-            document.schemaFormat == Units::SchemaFormat::LumarDataSchema ? document.enumItems : document.properties;
-        observer.findings.push_back(
-            {Rule::RepeatedNumber,
-             items.find(values[i].first)->getMember(Frame::value).identity(),
-             nullptr,
-             false,
-             concat({"Items \"", values[i - 1].first, "\" and \"", values[i].first, "\" have the same number."}),
-             {}});
+    }
+    const auto& items =
+        document.schemaFormat == Units::SchemaFormat::LumarDataSchema ? document.enumItems : document.properties;
+    for (const SchemaMember& item : items) {
+        const auto found = repeated.find(item.id);
+        if (found != repeated.end()) {
+            observer.findings.push_back(
+                {Rule::RepeatedNumber,
+                 item.json.getMember(Frame::value).identity(),
+                 nullptr,
+                 false,
+                 concat({"Items \"", found->second, "\" and \"", item.id, "\" have the same number."}),
+                 {}});
+        }
     }
 }
 
