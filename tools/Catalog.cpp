@@ -107,9 +107,9 @@ bool isBuiltIn(const std::string& typeId) {
     return builtInsAlone.isRegistered(typeId);
 }
 
-Catalog loadCatalog(const Sources& sources) {
+Catalog loadCatalog(DocumentFiles files) {
     Catalog catalog;
-    catalog.files = readDocumentFiles(sources);
+    catalog.files = std::move(files);
     if (!finishAll(catalog) || !catalog.files.unreadable.empty()) {
         catalog.engine = {};
         catalog.documents.clear();

@@ -36,7 +36,7 @@ struct Catalog {
 /// Whether a typeid is built into the library.
 bool isBuiltIn(const std::string& typeId);
 
-Catalog loadCatalog(const Sources& sources);
+Catalog loadCatalog(DocumentFiles files);
 
 /// Typeids that a document itself names, except built-in ones.
 std::set<std::string> referencesOf(const Document& document);

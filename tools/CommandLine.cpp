@@ -1,11 +1,14 @@
 #include "CommandLine.h"
 
 #include "Items.h"
+#include "ReportFormats.h"
 #include "Text.h"
 
 #include <fmt/core.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tool {
 
@@ -23,7 +26,11 @@ void addSources(CLI::App& command, Sources& sources) {
                     "for standard input")
         ->type_name("")
         ->required();
-    command.add_flag("--follow", sources.followsLinks, "Follow symbolic links in folders");
+    addFollow(command, sources.followsLinks);
+}
+
+void addFollow(CLI::App& command, bool& followsLinks) {
+    command.add_flag("--follow", followsLinks, "Follow symbolic links in folders");
 }
 
 CLI::Option* addTypeId(CLI::App& command, std::string& typeId) {
@@ -45,6 +52,50 @@ void addForce(CLI::App& command, bool& overwrite) {
     command.add_flag("--force", overwrite, "Overwrite existing files");
 }
 
+void addFormat(CLI::App& command, std::string& format) {
+    command.add_option("--format", format, "How to report: text, json, sarif, or github for annotations")
+        ->check(CLI::IsMember(reportFormats()))
+        ->type_name("FORMAT");
+}
+
+void addRules(CLI::App& command, RuleSettings& settings, const std::vector<std::string>& values,
+              const SettableRules& rules) {
+    const std::string forms =
+        fmt::format("NAME={} or NAME={}", fmt::join(values.begin(), values.end() - 1, ", NAME="), values.back());
+    const auto partsOf = [](const std::string& setting) {
+        const std::size_t sign = setting.find('=');
+        return std::pair(setting.substr(0, sign), sign == std::string::npos ? "" : setting.substr(sign + 1));
+    };
+    const auto validate = [=](const std::string& setting) -> std::string {
+        const auto [name, value] = partsOf(setting);
+        if (std::find(values.begin(), values.end(), value) == values.end()) {
+            return fmt::format("{} must be {}", printable(setting), forms);
+        }
+        if (const auto rule = rules.find(name); rule != rules.end()) {
+            return rule->second.empty() ? "" : fmt::format("{} cannot be changed: {}", name, rule->second);
+        }
+        std::vector<std::string_view> names;
+        for (const auto& [each, reason] : rules) {
+            if (reason.empty()) {
+                names.push_back(each);
+            }
+        }
+        const std::string nearest = Parameters::nearestWord(name, names);
+        return fmt::format("There is no rule {}{}", printable(name),
+                           nearest.empty() ? "" : fmt::format("; did you mean {}?", nearest));
+    };
+    const auto set = [&settings, partsOf](const std::vector<std::string>& given) {
+        for (const std::string& setting : given) {
+            const auto [name, value] = partsOf(setting);
+            settings[name] = value;
+        }
+    };
+    command.add_option_function<std::vector<std::string>>("--rule", set, "Set a rule: " + forms)
+        ->check(CLI::Validator(validate, ""))
+        ->allow_extra_args(false)
+        ->type_name("RULE");
+}
+
 Parameters::DataModelVersion versionOf(const std::string& text) {
     const auto position = std::find(versionTexts.begin(), versionTexts.end(), text);
     return static_cast<Parameters::DataModelVersion>(position - versionTexts.begin());
@@ -58,7 +109,7 @@ void printSkippedLinks(const DocumentFiles& files) {
 }
 
 Catalog loadForUse(const Sources& sources) {
-    Catalog catalog = loadCatalog(sources);
+    Catalog catalog = loadCatalog(readDocumentFiles(sources));
     printSkippedLinks(catalog.files);
     for (const Finding& finding : catalog.report.findings) {
         printError(formatFinding(finding, false));

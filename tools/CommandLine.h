@@ -6,7 +6,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tool {
@@ -28,10 +30,17 @@ void addExample(CLI::App& command, const std::string& arguments);
 // Options of several commands.
 
 void addSources(CLI::App& command, Sources& sources);
+void addFollow(CLI::App& command, bool& followsLinks);
 CLI::Option* addTypeId(CLI::App& command, std::string& typeId);
 CLI::Option* addDataModel(CLI::App& command, std::string& version);
 void addOutputFolder(CLI::App& command, std::string& folder, bool& overwrite);
 void addForce(CLI::App& command, bool& overwrite);
+void addFormat(CLI::App& command, std::string& format);
+/// Those of a command, by name: why one cannot be set, or nothing.
+using SettableRules = std::map<std::string_view, std::string_view>;
+/// --rule NAME=VALUE, which goes to the settings.
+void addRules(CLI::App& command, RuleSettings& settings, const std::vector<std::string>& values,
+              const SettableRules& rules);
 Parameters::DataModelVersion versionOf(const std::string& text);
 
 /// Tells of links that were not followed, on standard error.
@@ -52,6 +61,7 @@ void addSchema(CLI::App& app, Status& status);
 void addExport(CLI::App& app, Status& status);
 void addDeps(CLI::App& app, Status& status);
 void addBundle(CLI::App& app, Status& status);
+void addDiff(CLI::App& app, Status& status);
 void addGraph(CLI::App& app, Status& status);
 
 } // namespace Tool

@@ -78,6 +78,11 @@ using Identity = std::pair<dev_t, ino_t>;
 
 Identity identityOf(const struct stat& status) { return {status.st_dev, status.st_ino}; }
 
+struct FoundFile {
+    fs::path path;
+    fs::path place;
+};
+
 /// Collects the document files of paths.
 class FileSearch {
 public:
@@ -89,6 +94,7 @@ public:
             refuse(path, fmt::format("cannot be read: {}", std::strerror(errno)));
         } else if (S_ISDIR(status.st_mode)) {
             const std::size_t before = met_ + result_.unreadable.size();
+            searchedPath_ = path;
             searched_.clear();
             addFolder(path, identityOf(status), 1);
             if (met_ + result_.unreadable.size() == before) {
@@ -97,11 +103,12 @@ public:
         } else if (!isDocumentFile(path)) {
             refuse(path, "is not a .json file, a .jsonl file or a folder");
         } else {
+            searchedPath_ = fs::path(path).parent_path();
             addFile(path, status);
         }
     }
 
-    [[nodiscard]] const std::vector<fs::path>& files() const { return files_; }
+    [[nodiscard]] const std::vector<FoundFile>& files() const { return files_; }
 
 private:
     void refuse(const fs::path& path, std::string_view reason) {
@@ -158,14 +165,16 @@ private:
         } else {
             ++met_;
             if (taken_.insert(identityOf(status)).second) {
-                files_.push_back(file);
+                files_.push_back({file, file.lexically_relative(searchedPath_)});
             }
         }
     }
 
     DocumentFiles& result_;
     bool followsLinks_;
-    std::vector<fs::path> files_;
+    std::vector<FoundFile> files_;
+    /// What file names are relative to.
+    fs::path searchedPath_;
     /// Those of files_, so that each is read only once.
     std::set<Identity> taken_;
     std::size_t met_ = 0;
@@ -186,13 +195,13 @@ class DocumentReading {
 public:
     DocumentReading(DocumentFiles& result, bool isContext) : result_(result), isContext_(isContext) {}
 
-    void readFile(const fs::path& file) {
+    void readFile(const fs::path& file, const fs::path& place) {
         std::ifstream stream;
         // The buffer throws on a failing disk by itself; the stream does so for a file that cannot be opened.
         stream.exceptions(std::ios::failbit | std::ios::badbit);
         stream.open(file, std::ios::binary);
         const auto size = static_cast<std::size_t>(fs::file_size(file));
-        SourceFile& source = result_.files.emplace_back(SourceFile{file.string(), {}});
+        SourceFile& source = result_.files.emplace_back(SourceFile{file.string(), {}, place.string()});
         if (hasLinesOfDocuments(file)) {
             source.text.resize(size);
             source.text.resize(static_cast<std::size_t>(
@@ -208,9 +217,10 @@ public:
     }
 
     void readStandardInput() {
-        SourceFile& source = result_.files.emplace_back(SourceFile{"-", {}});
+        SourceFile& source = result_.files.emplace_back(SourceFile{"-", {}, "stdin.json"});
         source.text.assign(std::istreambuf_iterator<char>(std::cin), {});
         if (hasLinesOfDocuments(std::string_view(source.text))) {
+            source.place += 'l';
             addLines(source);
         } else {
             add(source, 0, source.text);
@@ -292,9 +302,9 @@ DocumentFiles readDocumentFiles(const Sources& sources) {
     const auto read = [&](std::size_t first, std::size_t last, bool isContext) {
         DocumentReading reading(result, isContext);
         for (std::size_t i = first; i < last; ++i) {
-            const fs::path& file = search.files()[i];
+            const auto& [file, place] = search.files()[i];
             try {
-                reading.readFile(file);
+                reading.readFile(file, place);
             } catch (const std::system_error&) {
                 result.unreadable.push_back({file.string(), fmt::format("cannot be read: {}.", std::strerror(errno))});
             }

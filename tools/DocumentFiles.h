@@ -13,6 +13,8 @@ namespace Tool {
 struct SourceFile {
     std::string name;
     std::string text;
+    /// Below the folder that was searched; of a file that was named itself, its own name.
+    std::string place;
 };
 
 /// Where a document was read from.

@@ -19,18 +19,6 @@ std::size_t endOfString(std::string_view json, std::size_t begin) {
 
 } // namespace
 
-Json parseDocument(std::string_view text) { return Json::parse(text, nullptr, false); }
-
-std::string textAt(const Json& object, const char* key) {
-    if (object.is_object()) {
-        const auto member = object.find(key);
-        if (member != object.end() && member->is_string()) {
-            return member->get<std::string>();
-        }
-    }
-    return {};
-}
-
 std::string prettyPrinted(std::string_view text) {
     std::string result;
     std::size_t depth = 0;
@@ -63,6 +51,19 @@ std::string prettyPrinted(std::string_view text) {
         } else if (blanks.find(character) == std::string_view::npos) {
             result += character;
         }
+    }
+    return result;
+}
+
+std::string withoutBlanks(std::string_view text) {
+    std::string result;
+    for (std::size_t position = 0; position < text.size();) {
+        const bool isString = text[position] == '"';
+        const std::size_t end = isString ? endOfString(text, position) : position + 1;
+        if (isString || blanks.find(text[position]) == std::string_view::npos) {
+            result += text.substr(position, end - position);
+        }
+        position = end;
     }
     return result;
 }

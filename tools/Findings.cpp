@@ -1,6 +1,9 @@
 #include "Findings.h"
 
+#include "ReportFormats.h"
 #include "Text.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cctype>
@@ -14,6 +17,10 @@ using Parameters::Diagnostic;
 using Parameters::Severity;
 
 namespace {
+
+Level levelOf(Severity severity) {
+    return severity == Severity::Error ? Level::Error : severity == Severity::Warning ? Level::Warning : Level::Blocked;
+}
 
 /// Lines and columns to be found out, by the offsets that they are at.
 using Positions = std::multimap<std::size_t, std::pair<std::size_t*, std::size_t*>>;
@@ -149,7 +156,7 @@ private:
             }
         }
         Finding finding;
-        finding.severity = severityOf(diagnostic);
+        finding.level = levelOf(severityOf(diagnostic));
         finding.rule = diagnostic.rule;
         finding.pointer = diagnostic.pointer;
         finding.typeId = diagnostic.typeId;
@@ -192,8 +199,8 @@ private:
     }
 
     void count(Finding finding) {
-        report_.errors += finding.severity == Severity::Error ? 1 : 0;
-        report_.warnings += finding.severity == Severity::Warning ? 1 : 0;
+        report_.errors += finding.level == Level::Error ? 1 : 0;
+        report_.warnings += finding.level == Level::Warning ? 1 : 0;
         report_.findings.push_back(std::move(finding));
     }
 
@@ -209,16 +216,55 @@ private:
     std::map<const SourceFile*, std::vector<Place>> places_;
 };
 
+/// All rules that findings can have: those of diagnoses and those of reading.
+std::vector<ReportRule> allRules() {
+    std::vector<ReportRule> rules;
+    for (const Parameters::DiagnosticRule& rule : Parameters::diagnosticRules()) {
+        rules.push_back({rule.name, levelOf(rule.severity), rule.description});
+    }
+    for (const ReadingRule& rule : readingRules()) {
+        rules.push_back({rule.name, Level::Error, rule.description});
+    }
+    return rules;
+}
+
+/// "2 errors and 1 warning"
+std::string countedFindings(const Report& report) {
+    std::string text = report.errors != 0 ? counted(report.errors, "error") : "";
+    if (report.warnings != 0) {
+        text += (text.empty() ? "" : " and ") + counted(report.warnings, "warning");
+    }
+    return text;
+}
+
+std::string summaryOf(const Report& report) {
+    if (report.errors + report.warnings == 0) {
+        return report.documents == 0 ? "No document was read." : counted(report.documents, "document") + ", no faults.";
+    }
+    std::string text = countedFindings(report);
+    if (report.documents != 0) {
+        text += fmt::format(" in {} of {}", report.documentsWithFindings, counted(report.documents, "document"));
+    }
+    if (report.blocked != 0) {
+        text += fmt::format("; {} more cannot be loaded because of them", report.blocked);
+    }
+    return text + ".";
+}
+
 } // namespace
 
 Report reportOn(const DocumentFiles& files, const ReportOptions& options) { return Reporting(files, options).run(); }
 
-std::vector<Parameters::DiagnosticRule> allRules() {
-    std::vector<Parameters::DiagnosticRule> rules = Parameters::diagnosticRules();
-    for (const ReadingRule& rule : readingRules()) {
-        rules.push_back({rule.name, Severity::Error, rule.description});
-    }
-    return rules;
+void printReport(const Report& report, std::string_view format) {
+    printFindings(report.findings,
+                  {allRules(),
+                   summaryOf(report),
+                   {{"documents", report.documents},
+                    {"documentsWithFindings", report.documentsWithFindings},
+                    {"errors", report.errors},
+                    {"warnings", report.warnings},
+                    {"blocked", report.blocked}}},
+                  format);
 }
 
 } // namespace Tool

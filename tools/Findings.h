@@ -5,6 +5,7 @@
 #include <Parameters/Diagnostics.h>
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -12,9 +13,12 @@
 
 namespace Tool {
 
+/// How much a finding weighs: those of diagnoses, and of comparisons.
+enum class Level { Error, Warning, Blocked, Incompatible, Compatible, Texts, Layout };
+
 /// Something to be said of a place in a file.
 struct Finding {
-    Parameters::Severity severity = Parameters::Severity::Error;
+    Level level = Level::Error;
     std::string_view rule;
     std::string file;
     /// From 1, columns in characters; 0 where it is said of the file.
@@ -47,9 +51,12 @@ struct Report {
     std::vector<bool> isRefused;
 };
 
+/// What rules are set to, by name.
+using RuleSettings = std::map<std::string, std::string, std::less<>>;
+
 struct ReportOptions {
     /// Rules that are off, or of another severity than usual.
-    std::map<std::string, std::string, std::less<>> rules;
+    RuleSettings rules;
     /// Whether blocked documents are listed.
     bool listsBlocked = false;
     /// Whether warnings are looked for.
@@ -59,17 +66,7 @@ struct ReportOptions {
 /// Diagnoses documents. What is said of the context is left out.
 Report reportOn(const DocumentFiles& files, const ReportOptions& options);
 
-/// All rules that findings can have: those of diagnoses and those of reading.
-std::vector<Parameters::DiagnosticRule> allRules();
-
-/// error, warning or blocked
-std::string_view nameOf(Parameters::Severity severity);
-
-/// FILE:LINE:COLUMN: severity: message [rule]
-std::string formatFinding(const Finding& finding, bool hasColors);
-
-/// Ways to print a report.
-const std::vector<std::string>& reportFormats();
+/// Prints what was said of documents, and of how many.
 void printReport(const Report& report, std::string_view format);
 
 } // namespace Tool

@@ -77,7 +77,8 @@ std::string faultOf(const CLI::App& app, const CLI::ParseError& error, const std
                                                       Tool::printable(name), endOf(name, optionsOf(command)))
                                         : fmt::format("{} is one argument too many.", Tool::printable(word));
     }
-    return fmt::format("{}.", error.what());
+    const std::string message = error.what();
+    return message.back() == '?' ? message : message + '.';
 }
 
 Tool::Status run(int argc, char** argv) {
@@ -97,6 +98,7 @@ Tool::Status run(int argc, char** argv) {
     Tool::addExport(app, status);
     Tool::addDeps(app, status);
     Tool::addBundle(app, status);
+    Tool::addDiff(app, status);
     Tool::addGraph(app, status);
     try {
         app.parse(argc, argv);

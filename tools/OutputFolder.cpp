@@ -1,10 +1,12 @@
 #include "OutputFolder.h"
 
+#include "DocumentJson.h"
 #include "Text.h"
 
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <stdexcept>
 #include <string_view>
 #include <utility>
 
@@ -30,6 +32,13 @@ std::string stemOf(std::string_view typeId) {
     return stem;
 }
 
+std::string withLineFeed(std::string text) {
+    if (text.back() != '\n') {
+        text += '\n';
+    }
+    return text;
+}
+
 } // namespace
 
 OutputFolder::OutputFolder(fs::path folder, bool overwrite) : folder_(std::move(folder)), overwrite_(overwrite) {}
@@ -42,10 +51,33 @@ void OutputFolder::add(const std::string& typeId, std::string text) {
     while (!usedNames_.insert(lowerCase(name)).second) {
         name = fmt::format("{}_{}", stem, ++number);
     }
-    if (text.back() != '\n') {
-        text += '\n';
+    textAt(folder_ / (name + ".json")) = withLineFeed(std::move(text));
+    ++size_;
+}
+
+void OutputFolder::addInPlace(const Origin& origin, std::string text) {
+    const fs::path file = folder_ / origin.file->place;
+    const auto [source, isNew] = sources_.try_emplace(file, origin.file);
+    if (source->second != origin.file) {
+        throw std::runtime_error(fmt::format("{} and {} would both be written to {}; --flat names files after typeids.",
+                                             printable(source->second->name), printable(origin.file->name),
+                                             printable(file.string())));
     }
-    outputs_.push_back({folder_ / (name + ".json"), std::move(text)});
+    textAt(file) += withLineFeed(std::move(text));
+    ++size_;
+}
+
+void OutputFolder::addLine(const fs::path& file, std::string_view text) {
+    textAt(file) += withLineFeed(withoutBlanks(text));
+    ++size_;
+}
+
+std::string& OutputFolder::textAt(const fs::path& file) {
+    const auto [position, isNew] = positions_.try_emplace(file, outputs_.size());
+    if (isNew) {
+        outputs_.push_back({file, {}});
+    }
+    return outputs_[position->second].text;
 }
 
 void OutputFolder::write() const { writeFiles(outputs_, overwrite_); }

@@ -1,5 +1,6 @@
+#include "ReportFormats.h"
+
 #include "DocumentJson.h"
-#include "Findings.h"
 #include "Text.h"
 
 #include <fmt/core.h>
@@ -11,27 +12,32 @@
 
 namespace Tool {
 
-using Parameters::Severity;
-
 namespace {
 
-struct SeverityRow {
-    Severity severity;
+struct LevelRow {
+    Level level;
     std::string_view name;
     /// Of a terminal.
     std::string_view color;
     /// In SARIF, and as annotation of a workflow.
-    std::string_view level;
+    std::string_view sarifLevel;
     std::string_view annotation;
 };
 
-constexpr std::array severityRows = {
-    SeverityRow{Severity::Error, "error", "\033[1;31m", "error", "error"},
-    SeverityRow{Severity::Warning, "warning", "\033[1;35m", "warning", "warning"},
-    SeverityRow{Severity::Blocked, "blocked", "\033[1;34m", "note", "notice"},
+constexpr std::string_view red = "\033[1;31m";
+constexpr std::string_view magenta = "\033[1;35m";
+constexpr std::string_view blue = "\033[1;34m";
+constexpr std::array levelRows = {
+    LevelRow{Level::Error, "error", red, "error", "error"},
+    LevelRow{Level::Warning, "warning", magenta, "warning", "warning"},
+    LevelRow{Level::Blocked, "blocked", blue, "note", "notice"},
+    LevelRow{Level::Incompatible, "incompatible", red, "error", "error"},
+    LevelRow{Level::Compatible, "compatible", blue, "note", "notice"},
+    LevelRow{Level::Texts, "texts", blue, "note", "notice"},
+    LevelRow{Level::Layout, "layout", blue, "none", "notice"},
 };
 
-const SeverityRow& rowOf(Severity severity) { return severityRows.at(static_cast<std::size_t>(severity)); }
+const LevelRow& rowOf(Level level) { return levelRows.at(static_cast<std::size_t>(level)); }
 
 constexpr std::string_view bold = "\033[1m";
 constexpr std::string_view plain = "\033[0m";
@@ -56,35 +62,12 @@ std::string wholeMessage(const Finding& finding) {
                        mark);
 }
 
-/// "2 errors and 1 warning"
-std::string countedFindings(const Report& report) {
-    std::string text = report.errors != 0 ? counted(report.errors, "error") : "";
-    if (report.warnings != 0) {
-        text += (text.empty() ? "" : " and ") + counted(report.warnings, "warning");
-    }
-    return text;
-}
-
-std::string summaryOf(const Report& report) {
-    if (report.errors + report.warnings == 0) {
-        return report.documents == 0 ? "No document was read." : counted(report.documents, "document") + ", no faults.";
-    }
-    std::string text = countedFindings(report);
-    if (report.documents != 0) {
-        text += fmt::format(" in {} of {}", report.documentsWithFindings, counted(report.documents, "document"));
-    }
-    if (report.blocked != 0) {
-        text += fmt::format("; {} more cannot be loaded because of them", report.blocked);
-    }
-    return text + ".";
-}
-
-void printText(const Report& report) {
+void printText(const std::vector<Finding>& findings, const ReportFrame& frame) {
     const bool hasColors = printsColors();
-    for (const Finding& finding : report.findings) {
+    for (const Finding& finding : findings) {
         fmt::print("{}\n", formatFinding(finding, hasColors));
     }
-    fmt::print("{}\n", summaryOf(report));
+    fmt::print("{}\n", frame.summary);
 }
 
 void addUnlessEmpty(OutputJson& object, const char* key, std::string_view text) {
@@ -93,11 +76,10 @@ void addUnlessEmpty(OutputJson& object, const char* key, std::string_view text) 
     }
 }
 
-void printJson(const Report& report) {
-    OutputJson findings = OutputJson::array();
-    for (const Finding& finding : report.findings) {
-        OutputJson object = {
-            {"severity", rowOf(finding.severity).name}, {"rule", finding.rule}, {"file", finding.file}};
+void printJson(const std::vector<Finding>& findings, const ReportFrame& frame) {
+    OutputJson list = OutputJson::array();
+    for (const Finding& finding : findings) {
+        OutputJson object = {{"severity", rowOf(finding.level).name}, {"rule", finding.rule}, {"file", finding.file}};
         if (finding.line != 0) {
             object["line"] = finding.line;
             object["column"] = finding.column;
@@ -107,16 +89,13 @@ void printJson(const Report& report) {
         object["message"] = finding.message;
         addUnlessEmpty(object, "suggestion", finding.suggestion);
         addUnlessEmpty(object, "cause", finding.cause);
-        findings.push_back(std::move(object));
+        list.push_back(std::move(object));
     }
-    const OutputJson whole = {{"version", 1},
-                              {"findings", std::move(findings)},
-                              {"summary",
-                               {{"documents", report.documents},
-                                {"documentsWithFindings", report.documentsWithFindings},
-                                {"errors", report.errors},
-                                {"warnings", report.warnings},
-                                {"blocked", report.blocked}}}};
+    OutputJson summary = OutputJson::object();
+    for (const auto& [name, count] : frame.counts) {
+        summary[name] = count;
+    }
+    const OutputJson whole = {{"version", 1}, {"findings", std::move(list)}, {"summary", std::move(summary)}};
     fmt::print("{}\n", dumped(whole));
 }
 
@@ -147,17 +126,17 @@ OutputJson sarifLocationOf(const Finding& finding) {
     return location;
 }
 
-void printSarif(const Report& report) {
+void printSarif(const std::vector<Finding>& findings, const ReportFrame& frame) {
     OutputJson rules = OutputJson::array();
-    for (const Parameters::DiagnosticRule& rule : allRules()) {
+    for (const ReportRule& rule : frame.rules) {
         rules.push_back({{"id", rule.name},
                          {"shortDescription", {{"text", rule.description}}},
-                         {"defaultConfiguration", {{"level", rowOf(rule.severity).level}}}});
+                         {"defaultConfiguration", {{"level", rowOf(rule.level).sarifLevel}}}});
     }
     OutputJson results = OutputJson::array();
-    for (const Finding& finding : report.findings) {
+    for (const Finding& finding : findings) {
         OutputJson result = {{"ruleId", finding.rule},
-                             {"level", rowOf(finding.severity).level},
+                             {"level", rowOf(finding.level).sarifLevel},
                              {"message", {{"text", wholeMessage(finding)}}},
                              {"locations", OutputJson::array({sarifLocationOf(finding)})}};
         OutputJson properties = OutputJson::object();
@@ -190,21 +169,21 @@ std::string escapedForWorkflow(std::string_view text, bool isProperty) {
     return escaped;
 }
 
-void printWorkflowCommands(const Report& report) {
-    for (const Finding& finding : report.findings) {
+void printWorkflowCommands(const std::vector<Finding>& findings, const ReportFrame& frame) {
+    for (const Finding& finding : findings) {
         std::string place = fmt::format("file={}", escapedForWorkflow(finding.file, true));
         if (finding.line != 0) {
             place += fmt::format(",line={},col={}", finding.line, finding.column);
         }
-        fmt::print("::{} {},title={}::{}\n", rowOf(finding.severity).annotation, place, finding.rule,
+        fmt::print("::{} {},title={}::{}\n", rowOf(finding.level).annotation, place, finding.rule,
                    escapedForWorkflow(wholeMessage(finding), false));
     }
-    fmt::print("{}\n", summaryOf(report));
+    fmt::print("{}\n", frame.summary);
 }
 
 struct FormatRow {
     const char* name;
-    void (*print)(const Report& report);
+    void (*print)(const std::vector<Finding>& findings, const ReportFrame& frame);
 };
 
 constexpr std::array formatRows = {FormatRow{"text", printText}, FormatRow{"json", printJson},
@@ -212,8 +191,22 @@ constexpr std::array formatRows = {FormatRow{"text", printText}, FormatRow{"json
 
 } // namespace
 
+Finding findingOf(const Origin& origin, const std::string& typeId, const std::string& message) {
+    Finding finding;
+    finding.file = origin.file->name;
+    finding.line = std::max<std::size_t>(origin.line, 1);
+    finding.column = 1;
+    finding.endLine = finding.line;
+    finding.endColumn = finding.column;
+    finding.typeId = typeId;
+    finding.message = fmt::format("{}: {}", typeId, message);
+    return finding;
+}
+
+std::string_view nameOf(Level level) { return rowOf(level).name; }
+
 std::string formatFinding(const Finding& finding, bool hasColors) {
-    const SeverityRow& row = rowOf(finding.severity);
+    const LevelRow& row = rowOf(finding.level);
     std::string place = printable(finding.file);
     if (finding.line != 0) {
         place += fmt::format(":{}:{}", finding.line, finding.column);
@@ -239,10 +232,10 @@ const std::vector<std::string>& reportFormats() {
     return names;
 }
 
-void printReport(const Report& report, std::string_view format) {
+void printFindings(const std::vector<Finding>& findings, const ReportFrame& frame, std::string_view format) {
     const auto* row =
         std::find_if(formatRows.begin(), formatRows.end(), [&](const FormatRow& each) { return each.name == format; });
-    row->print(report);
+    row->print(findings, frame);
 }
 
 } // namespace Tool

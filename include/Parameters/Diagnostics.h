@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Parameters/DataModelVersion.h>
 #include <Parameters/Export.h>
 #include <Parameters/ParametersEngine.h>
 
@@ -90,6 +91,13 @@ struct Diagnosis {
 [[nodiscard]] PARAMETERS_EXPORT Diagnosis diagnose(const std::vector<std::string_view>& texts,
                                                    const ParametersEngine& known = {},
                                                    const DiagnosisOptions& options = {});
+
+/// Why getSchemaInCompatibleFormat() refuses a finished document for a version, as a sentence; empty if it does not.
+///
+/// @throws UnrecognizedIdentifierException  "Could not find any object with typeid {typeid}." for one that is unknown
+///     or pending.
+[[nodiscard]] PARAMETERS_EXPORT std::string reasonNotRepresentable(const ParametersEngine& engine,
+                                                                   DataModelVersion version, const std::string& typeId);
 
 /// What may have been meant by a word, as in a diagnostic's suggestion: the nearest of the candidates by the characters
 /// that would have to change, the first of several; empty if none is near.

@@ -14,8 +14,11 @@ namespace {
 /// Writes an object for a version in which it can be represented, marked if that is older than its own.
 template <class Kind>
 std::string writtenText(const typename Kind::Object& object, const Conversion& conversion, DataModelVersion version) {
-    if (!conversion.representable.contains(version)) {
-        throwNotRepresentable();
+    if (version > conversion.representable.highest) {
+        throw NotRepresentable("Documents are not rewritten for newer data models than their own.");
+    }
+    if (version < conversion.representable.lowest) {
+        throw NotRepresentable(conversion.obstacle);
     }
     JSON::Writer document = JSON::Writer::createDocument();
     if (version < conversion.natural.lowest) {

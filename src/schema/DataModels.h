@@ -63,12 +63,14 @@ struct Conversion {
     /// The versions that its own text serves, and for which nothing has to be converted.
     VersionRange natural;
     VersionRange representable;
+    /// Why versions below the representable ones will not do, a sentence; empty where there are none.
+    std::string_view obstacle;
 };
 
 /// The rule of all kinds whose texts go by their format.
 [[nodiscard]] constexpr Conversion conversionByFormat(Units::SchemaFormat format) noexcept {
     const VersionRange natural = versionsOf(format);
-    return {natural, {allVersions().lowest, natural.highest}};
+    return {natural, {allVersions().lowest, natural.highest}, {}};
 }
 
 /// Whether an object of a format is written for a version in the full frame, whose members carry type names. Everything
@@ -77,9 +79,17 @@ struct Conversion {
     return format == Units::SchemaFormat::LumarDataSchema && dataModelOf(version).format == format;
 }
 
-/// Of an object that has no text for a version.
-[[noreturn]] inline void throwNotRepresentable() {
-    throw ValidationException("Cannot represent schema in requested format.");
-}
+/// Of an object that has no text for a version. Who asks learns why.
+class NotRepresentable final : public ValidationException {
+public:
+    /// Takes a sentence that lives as long as the library.
+    explicit NotRepresentable(std::string_view reason)
+        : ValidationException("Cannot represent schema in requested format."), reason_(reason) {}
+
+    [[nodiscard]] std::string_view reason() const noexcept { return reason_; }
+
+private:
+    std::string_view reason_;
+};
 
 } // namespace Parameters

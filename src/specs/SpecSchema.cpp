@@ -287,23 +287,6 @@ DataModelVersion naturalVersionOfSpec(const Spec& spec) {
     return versionsOf(isPolymorphic(valueType) ? Units::SchemaFormat::LumarDataSchema : spec.getSchemaFormat()).highest;
 }
 
-VersionRange compatibleRangeOfSpec(const Spec& spec) {
-    const ValueTypeId& valueType = spec.getValueTypeId();
-    constexpr VersionRange current = versionsOf(Units::SchemaFormat::LumarDataSchema);
-    if (spec.getContext() != Context::Single || isPolymorphic(valueType)) {
-        return current;
-    }
-    const auto* name = std::get_if<std::string>(&valueType);
-    if (name == nullptr) {
-        return {V::V1, V::V1};
-    }
-    const DataModelVersion highest = naturalVersionOfSpec(spec);
-    if (current.contains(highest) && !isLegacyValueTypeName(*name)) {
-        return current;
-    }
-    return {legacyPrimitiveTypeOf(*name) ? V::V1 : V::V2, highest};
-}
-
 /// Whether the spec is one of those that the library brings along, in a version of its own time.
 bool isBuiltInSpec(const Spec& spec) {
     return std::any_of(primitiveSpecs.begin(), primitiveSpecs.end(), [&](const PrimitiveSpec& primitive) {
@@ -333,7 +316,7 @@ void writeSimpleSpecSchema(JSON::Writer& target, const Spec& spec, const Primiti
 void writeMeasurableSpecSchema(const Spec& spec, JSON::Writer& target, const BaseSchemas& bases,
                                DataModelVersion version) {
     if (!spec.getMeasurable()) {
-        throwNotRepresentable();
+        throw NotRepresentable("Data model 1.0.0 has no floating-point values without units.");
     }
     const bool typed = addVersionedFrame(target, spec.getTypeId(), bases, spec.getSchemaFormat(), version);
     const Measurable& measurable = *spec.getMeasurable();
@@ -360,7 +343,7 @@ void addValueType(JSON::Writer& target, const ValueTypeId& valueType) {
             }
         });
     } else {
-        throwNotRepresentable();
+        throw NotRepresentable("The value type is one of data model 1.0.0 alone.");
     }
 }
 
@@ -404,15 +387,34 @@ void writeLegacySpecSchema(const Spec& spec, JSON::Writer& target) {
         addShortFrame(target, spec.getTypeId(), Vocabulary::generalSpec.shortFrame);
         addConstants(target, [&] { addCommonSpecConstants(target, spec, false); });
     } else {
-        throwNotRepresentable();
+        throw NotRepresentable("Data model 1.0.0 has no value types but the primitive ones.");
     }
 }
 
 } // namespace
 
 Conversion conversionOfSpec(const Spec& spec) {
-    const DataModelVersion natural = naturalVersionOfSpec(spec);
-    return {{natural, natural}, compatibleRangeOfSpec(spec)};
+    const ValueTypeId& valueType = spec.getValueTypeId();
+    const DataModelVersion highest = naturalVersionOfSpec(spec);
+    const VersionRange natural = {highest, highest};
+    constexpr VersionRange current = versionsOf(Units::SchemaFormat::LumarDataSchema);
+    if (spec.getContext() != Context::Single) {
+        return {natural, current, "Data models before 3.0.0 have neither arrays nor maps as values."};
+    }
+    if (isPolymorphic(valueType)) {
+        return {natural, current, "Data models before 3.0.0 have no value types that stand for several."};
+    }
+    const auto* name = std::get_if<std::string>(&valueType);
+    if (name == nullptr) {
+        return {natural, {V::V1, V::V1}, {}};
+    }
+    if (current.contains(highest) && !isLegacyValueTypeName(*name)) {
+        return {natural, current, "Data models before 3.0.0 do not know the value type."};
+    }
+    if (!legacyPrimitiveTypeOf(*name)) {
+        return {natural, {V::V2, highest}, "Data model 1.0.0 has no value types but the primitive ones."};
+    }
+    return {natural, {V::V1, highest}, {}};
 }
 
 Conversion conversionOfSpecItself(const Spec& spec) {
@@ -420,6 +422,7 @@ Conversion conversionOfSpecItself(const Spec& spec) {
     VersionRange& range = conversion.representable;
     if (range.lowest == V::V1 && range.highest > V::V1 && isBuiltInSpec(spec)) {
         range.lowest = V::V2;
+        conversion.obstacle = "Data model 1.0.0 has specs of this typeid built in.";
     }
     return conversion;
 }

@@ -220,13 +220,13 @@ TEST(CheckCommand, TakesRulesAndStrictness) {
         EXPECT_THAT(runToolOn(line, arguments), FieldsAre(status, output, "")) << PrintToString(options);
     }
     const std::pair<const char*, const char*> wrongRules[] = {
-        {"typeid-without-verson=off", "There is no rule typeid-without-verson; did you mean typeid-without-version?"},
-        {"wrong-type=off", "wrong-type cannot be changed: documents that break it cannot be loaded"},
-        {"unknown-member", "unknown-member must be NAME=off, NAME=warning or NAME=error"},
+        {"typeid-without-verson=off", "There is no rule typeid-without-verson; did you mean typeid-without-version?\n"},
+        {"wrong-type=off", "wrong-type cannot be changed: documents that break it cannot be loaded.\n"},
+        {"unknown-member", "unknown-member must be NAME=off, NAME=warning or NAME=error.\n"},
     };
     for (const auto& [rule, error] : wrongRules) {
         EXPECT_THAT(runToolOn(line, {"check", "a.jsonl", "--rule", rule}),
-                    FieldsAre(2, "", StartsWith(std::string("parameters: --rule: ") + error + ".\n")));
+                    FieldsAre(2, "", StartsWith(std::string("parameters: --rule: ") + error)));
     }
 }
 
