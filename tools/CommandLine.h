@@ -62,6 +62,7 @@ void addExport(CLI::App& app, Status& status);
 void addDeps(CLI::App& app, Status& status);
 void addBundle(CLI::App& app, Status& status);
 void addDiff(CLI::App& app, Status& status);
+void addFmt(CLI::App& app, Status& status);
 void addGraph(CLI::App& app, Status& status);
 
 } // namespace Tool

@@ -178,6 +178,7 @@ private:
 
     void place(Finding& finding, const DocumentText& source, std::size_t offset, std::size_t length) {
         const SourceFile& file = *source.origin.file;
+        finding.document = &source;
         finding.file = file.name;
         const std::size_t begin =
             static_cast<std::size_t>((source.text.empty() ? file.text.data() : source.text.data()) - file.text.data()) +

@@ -20,6 +20,8 @@ enum class Level { Error, Warning, Blocked, Incompatible, Compatible, Texts, Lay
 struct Finding {
     Level level = Level::Error;
     std::string_view rule;
+    /// Null where it is said of a path.
+    const DocumentText* document = nullptr;
     std::string file;
     /// From 1, columns in characters; 0 where it is said of the file.
     std::size_t line = 0;

@@ -1,7 +1,7 @@
 #include "Items.h"
 
-#include "DocumentJson.h"
 #include "JsonText.h"
+#include "OutputJson.h"
 #include "Text.h"
 
 #include <fmt/core.h>

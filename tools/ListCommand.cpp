@@ -1,7 +1,7 @@
 #include "CommandLine.h"
-#include "DocumentJson.h"
 #include "Items.h"
 #include "Layout.h"
+#include "OutputJson.h"
 #include "Text.h"
 
 #include <fmt/core.h>

@@ -99,6 +99,7 @@ Tool::Status run(int argc, char** argv) {
     Tool::addDeps(app, status);
     Tool::addBundle(app, status);
     Tool::addDiff(app, status);
+    Tool::addFmt(app, status);
     Tool::addGraph(app, status);
     try {
         app.parse(argc, argv);

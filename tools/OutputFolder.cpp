@@ -1,6 +1,6 @@
 #include "OutputFolder.h"
 
-#include "DocumentJson.h"
+#include "Formatting.h"
 #include "Text.h"
 
 #include <fmt/core.h>
@@ -68,7 +68,8 @@ void OutputFolder::addInPlace(const Origin& origin, std::string text) {
 }
 
 void OutputFolder::addLine(const fs::path& file, std::string_view text) {
-    textAt(file) += withLineFeed(withoutBlanks(text));
+    textAt(file) += text.find_first_of("\r\n") == std::string_view::npos ? withLineFeed(std::string(text))
+                                                                         : formattedAsLine(text) + '\n';
     ++size_;
 }
 

@@ -1,6 +1,6 @@
 #include "ReportFormats.h"
 
-#include "DocumentJson.h"
+#include "OutputJson.h"
 #include "Text.h"
 
 #include <fmt/core.h>

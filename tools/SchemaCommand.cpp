@@ -1,6 +1,8 @@
 #include "CommandLine.h"
-#include "DocumentJson.h"
+#include "Formatting.h"
 #include "Text.h"
+
+#include <Parameters/Diagnostics.h>
 
 #include <fmt/core.h>
 #include <unistd.h>
@@ -26,11 +28,12 @@ Status printSchema(const SchemaOptions& options) {
         text = options.version.empty() ? catalog.engine.getSchema(typeId)
                                        : catalog.engine.getSchemaInCompatibleFormat(versionOf(options.version), typeId);
     } catch (const Parameters::ValidationException& exception) {
-        printError(fmt::format("{}: {}", printable(typeId), printable(exception.what())));
+        printError(fmt::format("{}: {} {}", printable(typeId), exception.what(),
+                               Parameters::reasonNotRepresentable(catalog.engine, versionOf(options.version), typeId)));
         return statusOf(catalog.report) | Status::Errors;
     }
     if (options.isPretty) {
-        text = prettyPrinted(text);
+        text = formatted(text);
     }
     // Elsewhere the text stays as it is registered.
     if (isatty(STDOUT_FILENO) != 0) {
@@ -49,7 +52,7 @@ void addSchema(CLI::App& app, Status& status) {
     addSources(*command, options->sources);
     addTypeId(*command, options->typeId)->required();
     addDataModel(*command, options->version);
-    command->add_flag("--pretty", options->isPretty, "Indent the text");
+    command->add_flag("--pretty", options->isPretty, "Print it in the layout of fmt");
     addExample(*command, "catalog --typeid parameter.supplyDiffuser-1.0.0 --data-model 1.0.0");
     command->callback([options, &status] { status = printSchema(*options); });
 }

@@ -1,5 +1,6 @@
+#include "engine/Retrieval.h"
+
 #include "base/UnitsErrors.h"
-#include "engine/EngineImpl.h"
 #include "engine/Prefetch.h"
 #include "schema/Frame.h"
 #include "schema/SchemaDocumentWriting.h"
@@ -15,10 +16,10 @@ namespace {
 template <class Kind>
 std::string writtenText(const typename Kind::Object& object, const Conversion& conversion, DataModelVersion version) {
     if (version > conversion.representable.highest) {
-        throw NotRepresentable("Documents are not rewritten for newer data models than their own.");
+        throw NotRepresentable{"Documents are not rewritten for newer data models than their own."};
     }
     if (version < conversion.representable.lowest) {
-        throw NotRepresentable(conversion.obstacle);
+        throw NotRepresentable{conversion.obstacle};
     }
     JSON::Writer document = JSON::Writer::createDocument();
     if (version < conversion.natural.lowest) {
@@ -47,39 +48,52 @@ std::string compatibleText(const typename Kind::Object& object, std::string_view
     return writtenText<Kind>(object, conversion, version);
 }
 
+/// Runs a retrieval. What hosts are told of an object without a text does not say why.
+template <class Retrieval> std::string retrieved(const Retrieval& retrieval) {
+    try {
+        return retrieval();
+    } catch (const NotRepresentable& /*refusal*/) {
+        throw ValidationException("Cannot represent schema in requested format.");
+    }
+}
+
 } // namespace
 
-std::string ParametersEngine::getSchema(const Parameter& parameter) const {
-    return naturalText<ParameterKind>(impl_->validatedNew<ParameterKind>(parameter));
-}
-
-std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion version, const Parameter& parameter) const {
-    return compatibleText<ParameterKind>(impl_->validatedNew<ParameterKind>(parameter), {}, version);
-}
-
-std::string ParametersEngine::getSchema(const std::string& typeId) const {
-    std::string text;
-    const bool found = impl_->primary.visitFinished(typeId, [&](auto kind, const auto& item) {
-        text = item.text.empty() ? naturalText<decltype(kind)>(item.object) : std::string(item.text);
-    });
-    if (found) {
-        return text;
-    }
-    return askUnits(typeId, [&] { return impl_->units.getSchema(typeId); });
-}
-
-std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion version, const std::string& typeId) const {
-    if (const ItemLocation* location = impl_->primary.findFinished(typeId)) {
+std::string textIn(const EngineImpl& engine, DataModelVersion version, const std::string& typeId) {
+    if (const ItemLocation* location = engine.primary.findFinished(typeId)) {
         prefetchData(*location);
         std::string text;
-        impl_->primary.visitAt(*location, [&](auto kind, const auto& item) {
+        engine.primary.visitAt(*location, [&](auto kind, const auto& item) {
             text = compatibleText<decltype(kind)>(item.object, item.text, version);
         });
         return text;
     }
     return withUnitsValidation([&] {
-        return askUnits(typeId, [&] { return impl_->units.getSchemaInFormat(typeId, dataModelOf(version).format); });
+        return askUnits(typeId, [&] { return engine.units.getSchemaInFormat(typeId, dataModelOf(version).format); });
     });
+}
+
+std::string ParametersEngine::getSchema(const Parameter& parameter) const {
+    return retrieved([&] { return naturalText<ParameterKind>(impl_->validatedNew<ParameterKind>(parameter)); });
+}
+
+std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion version, const Parameter& parameter) const {
+    return retrieved(
+        [&] { return compatibleText<ParameterKind>(impl_->validatedNew<ParameterKind>(parameter), {}, version); });
+}
+
+std::string ParametersEngine::getSchema(const std::string& typeId) const {
+    return retrieved([&] {
+        std::string text;
+        const bool found = impl_->primary.visitFinished(typeId, [&](auto kind, const auto& item) {
+            text = item.text.empty() ? naturalText<decltype(kind)>(item.object) : std::string(item.text);
+        });
+        return found ? std::move(text) : askUnits(typeId, [&] { return impl_->units.getSchema(typeId); });
+    });
+}
+
+std::string ParametersEngine::getSchemaInCompatibleFormat(DataModelVersion version, const std::string& typeId) const {
+    return retrieved([&] { return textIn(*impl_, version, typeId); });
 }
 
 std::pair<DataModelVersion, DataModelVersion>

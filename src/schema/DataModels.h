@@ -79,17 +79,10 @@ struct Conversion {
     return format == Units::SchemaFormat::LumarDataSchema && dataModelOf(version).format == format;
 }
 
-/// Of an object that has no text for a version. Who asks learns why.
-class NotRepresentable final : public ValidationException {
-public:
-    /// Takes a sentence that lives as long as the library.
-    explicit NotRepresentable(std::string_view reason)
-        : ValidationException("Cannot represent schema in requested format."), reason_(reason) {}
-
-    [[nodiscard]] std::string_view reason() const noexcept { return reason_; }
-
-private:
-    std::string_view reason_;
+/// Thrown inside the library for an object that has no text for a version.
+struct NotRepresentable {
+    /// Why, a sentence that lives as long as the library.
+    std::string_view reason;
 };
 
 } // namespace Parameters

@@ -344,7 +344,7 @@ void writeCurrentParameterSchema(const Parameter& parameter, JSON::Writer& targe
 template <class Range> const Range& requiredRange(const Parameter& parameter) {
     const auto* range = std::get_if<Range>(&parameter.getRange());
     if (range == nullptr) {
-        throw NotRepresentable("What limits the values is not of the kind that the spec asks for.");
+        throw NotRepresentable{"What limits the values is not of the kind that the spec asks for."};
     }
     return *range;
 }
@@ -412,7 +412,7 @@ void writeLegacyParameterSchema(const Parameter& parameter, JSON::Writer& target
     const auto* form = std::find_if(legacyForms.begin(), legacyForms.end(),
                                     [type](const LegacyForm& candidate) { return candidate.type == type; });
     if (form == legacyForms.end()) {
-        throw NotRepresentable("Data model 1.0.0 has no parameters on such specs.");
+        throw NotRepresentable{"Data model 1.0.0 has no parameters on such specs."};
     }
     addShortFrame(target, parameter.getTypeId(), form->base);
     addConstants(target, [&] {

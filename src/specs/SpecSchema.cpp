@@ -316,7 +316,7 @@ void writeSimpleSpecSchema(JSON::Writer& target, const Spec& spec, const Primiti
 void writeMeasurableSpecSchema(const Spec& spec, JSON::Writer& target, const BaseSchemas& bases,
                                DataModelVersion version) {
     if (!spec.getMeasurable()) {
-        throw NotRepresentable("Data model 1.0.0 has no floating-point values without units.");
+        throw NotRepresentable{"Data model 1.0.0 has no floating-point values without units."};
     }
     const bool typed = addVersionedFrame(target, spec.getTypeId(), bases, spec.getSchemaFormat(), version);
     const Measurable& measurable = *spec.getMeasurable();
@@ -343,7 +343,7 @@ void addValueType(JSON::Writer& target, const ValueTypeId& valueType) {
             }
         });
     } else {
-        throw NotRepresentable("The value type is one of data model 1.0.0 alone.");
+        throw NotRepresentable{"The value type is one of data model 1.0.0 alone."};
     }
 }
 
@@ -387,7 +387,7 @@ void writeLegacySpecSchema(const Spec& spec, JSON::Writer& target) {
         addShortFrame(target, spec.getTypeId(), Vocabulary::generalSpec.shortFrame);
         addConstants(target, [&] { addCommonSpecConstants(target, spec, false); });
     } else {
-        throw NotRepresentable("Data model 1.0.0 has no value types but the primitive ones.");
+        throw NotRepresentable{"Data model 1.0.0 has no value types but the primitive ones."};
     }
 }
 

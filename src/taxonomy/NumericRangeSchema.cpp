@@ -38,7 +38,7 @@ template <class Range> NumberOf<Range> readInlineBoundary(const JSON& value, std
 
 template <class Range> void addBoundary(JSON::Writer& target, std::string_view key, NumberOf<Range> boundary) {
     if (!NumericRangeFamily<Range>::isRepresentable(boundary)) {
-        throw NotRepresentable("A boundary is not finite, which no document can say.");
+        throw NotRepresentable{"A boundary is not finite, which no document can say."};
     }
     target.addMember(key, boundary);
 }

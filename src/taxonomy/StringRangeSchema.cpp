@@ -99,7 +99,7 @@ void writeStringRangeSchema(const StringRange& range, JSON::Writer& target, Data
         addConstants(target,
                      [&] { createStringMember(target, regexKey, StringRangeInternals::regexOf(*regex), typed); });
     } else {
-        throw NotRepresentable("A range of texts that limits nothing has no document.");
+        throw NotRepresentable{"A range of texts that limits nothing has no document."};
     }
 }
 

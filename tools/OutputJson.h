@@ -7,12 +7,6 @@
 
 namespace Tool {
 
-/// Indents a JSON text. Changes nothing but blanks.
-std::string prettyPrinted(std::string_view text);
-
-/// A JSON text on one line, without blanks between its tokens.
-std::string withoutBlanks(std::string_view text);
-
 /// What is made to be printed.
 using OutputJson = nlohmann::ordered_json;
 
