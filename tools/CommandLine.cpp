@@ -18,15 +18,15 @@ void addExample(CLI::App& command, const std::string& arguments) {
     command.footer("Example:\n  parameters " + command.get_name() + " " + arguments);
 }
 
-void addSources(CLI::App& command, Sources& sources) {
-    command
+CLI::Option* addSources(CLI::App& command, Sources& sources) {
+    addFollow(command, sources.followsLinks);
+    return command
         .add_option("PATH", sources.paths,
                     ".json files (one document each), .jsonl files (one document per line), folders, searched "
                     "recursively, or - "
                     "for standard input")
         ->type_name("")
         ->required();
-    addFollow(command, sources.followsLinks);
 }
 
 void addFollow(CLI::App& command, bool& followsLinks) {

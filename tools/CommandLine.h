@@ -29,7 +29,7 @@ void addExample(CLI::App& command, const std::string& arguments);
 
 // Options of several commands.
 
-void addSources(CLI::App& command, Sources& sources);
+CLI::Option* addSources(CLI::App& command, Sources& sources);
 void addFollow(CLI::App& command, bool& followsLinks);
 CLI::Option* addTypeId(CLI::App& command, std::string& typeId);
 CLI::Option* addDataModel(CLI::App& command, std::string& version);
@@ -58,6 +58,7 @@ void addCheck(CLI::App& app, Status& status);
 void addList(CLI::App& app, Status& status);
 void addShow(CLI::App& app, Status& status);
 void addSchema(CLI::App& app, Status& status);
+void addEditorSchema(CLI::App& app, Status& status);
 void addExport(CLI::App& app, Status& status);
 void addDeps(CLI::App& app, Status& status);
 void addBundle(CLI::App& app, Status& status);

@@ -43,10 +43,6 @@ constexpr std::string_view emptyDocument = "empty-document";
 constexpr std::string_view tooLarge = "too-large";
 constexpr std::string_view wrongEncoding = "wrong-encoding";
 
-bool beginsWith(std::string_view text, std::string_view beginning) {
-    return text.substr(0, beginning.size()) == beginning;
-}
-
 /// Why a text cannot be JSON, if it cannot be.
 std::optional<ReadingFault> faultIn(std::string_view text) {
     if (text.size() > largestDocument) {

@@ -13,6 +13,8 @@ namespace Tool {
 /// A kind of document, as the program names and draws it.
 struct Kind {
     const char* name;
+    /// As the library's messages call it.
+    const char* word;
     /// Of its nodes in Graphviz. Kinds of one family share a color, so that a graph can be read from afar.
     const char* shape;
     const char* color;
@@ -54,28 +56,29 @@ struct UnlistedKind {
 
 /// All kinds, by name. Whatever differs by kind in the program is a column here, or an overload that a row calls for.
 inline constexpr std::tuple kindRows = {
-    ListedKind{Kind{"category", "folder", "#f6c9a8"}, &Parameters::ParametersEngine::getCategory,
+    ListedKind{Kind{"category", "category", "folder", "#f6c9a8"}, &Parameters::ParametersEngine::getCategory,
                &Parameters::ParametersEngine::getAllCategories},
-    UnlistedKind{Kind{"dimension", "cds", "#cfe3b4"}},
-    ListedKind{Kind{"discipline", "hexagon", "#e3d3ef"}, &Parameters::ParametersEngine::getDiscipline,
+    UnlistedKind{Kind{"dimension", "dimension", "cds", "#cfe3b4"}},
+    ListedKind{Kind{"discipline", "discipline", "hexagon", "#e3d3ef"}, &Parameters::ParametersEngine::getDiscipline,
                &Parameters::ParametersEngine::getAllDisciplines},
-    ListedKind{Kind{"domain", "tab", "#f9e0c7"}, &Parameters::ParametersEngine::getDomain,
+    ListedKind{Kind{"domain", "domain", "tab", "#f9e0c7"}, &Parameters::ParametersEngine::getDomain,
                &Parameters::ParametersEngine::getAllDomains},
-    ListedKind{Kind{"enumeration", "note", "#fbf1b3"}, &Parameters::ParametersEngine::getEnumeration,
+    ListedKind{Kind{"enumeration", "enumeration", "note", "#fbf1b3"}, &Parameters::ParametersEngine::getEnumeration,
                &Parameters::ParametersEngine::getAllEnumerations},
-    ListedKind{Kind{"float-range", "parallelogram", "#fbf1b3"}, &Parameters::ParametersEngine::getFloatRange,
-               &Parameters::ParametersEngine::getAllFloatRanges},
-    ListedKind{Kind{"group", "octagon", "#d9d9d9"}, &Parameters::ParametersEngine::getGroup,
+    ListedKind{Kind{"float-range", "floating-point range", "parallelogram", "#fbf1b3"},
+               &Parameters::ParametersEngine::getFloatRange, &Parameters::ParametersEngine::getAllFloatRanges},
+    ListedKind{Kind{"group", "group", "octagon", "#d9d9d9"}, &Parameters::ParametersEngine::getGroup,
                &Parameters::ParametersEngine::getAllGroups},
-    ListedKind{Kind{"int-range", "trapezium", "#fbf1b3"}, &Parameters::ParametersEngine::getIntRange,
+    ListedKind{Kind{"int-range", "integer range", "trapezium", "#fbf1b3"}, &Parameters::ParametersEngine::getIntRange,
                &Parameters::ParametersEngine::getAllIntRanges},
-    ListedKind{Kind{"parameter", "box", "#a9cdea"}, &Parameters::ParametersEngine::getParameter,
+    ListedKind{Kind{"parameter", "parameter", "box", "#a9cdea"}, &Parameters::ParametersEngine::getParameter,
                &Parameters::ParametersEngine::getAllParameters},
-    ListedKind{Kind{"spec", "ellipse", "#b5e2dc"}, &Parameters::ParametersEngine::getSpec,
+    ListedKind{Kind{"spec", "spec", "ellipse", "#b5e2dc"}, &Parameters::ParametersEngine::getSpec,
                &Parameters::ParametersEngine::getAllSpecs},
-    ListedKind{Kind{"string-range", "house", "#fbf1b3"}, &Parameters::ParametersEngine::getStringRange,
+    ListedKind{Kind{"string-range", "string range", "house", "#fbf1b3"}, &Parameters::ParametersEngine::getStringRange,
                &Parameters::ParametersEngine::getAllStringRanges},
-    ListedKind{Kind{"unit", "diamond", "#dff0c8"}, &Units::UnitsEngine::getUnit, &Units::UnitsEngine::getAllUnits},
+    ListedKind{Kind{"unit", "unit", "diamond", "#dff0c8"}, &Units::UnitsEngine::getUnit,
+               &Units::UnitsEngine::getAllUnits},
 };
 inline constexpr std::size_t kindCount = std::tuple_size_v<decltype(kindRows)>;
 

@@ -101,6 +101,7 @@ Tool::Status run(int argc, char** argv) {
     Tool::addDiff(app, status);
     Tool::addFmt(app, status);
     Tool::addGraph(app, status);
+    Tool::addEditorSchema(app, status);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

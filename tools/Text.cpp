@@ -114,6 +114,10 @@ std::size_t widthOf(std::string_view text) {
 
 std::size_t findInvalidUtf8(std::string_view text) { return utf8::find_invalid(text); }
 
+bool beginsWith(std::string_view text, std::string_view beginning) {
+    return text.substr(0, beginning.size()) == beginning;
+}
+
 std::string lowerCase(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), [](char character) {
         return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;

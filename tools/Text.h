@@ -26,6 +26,8 @@ std::size_t widthOf(std::string_view text);
 /// @return the offset of the first byte that is not UTF-8; npos if there is none.
 std::size_t findInvalidUtf8(std::string_view text);
 
+bool beginsWith(std::string_view text, std::string_view beginning);
+
 /// Converts ASCII letters to lower case.
 std::string lowerCase(std::string text);
 

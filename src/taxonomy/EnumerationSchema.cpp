@@ -105,7 +105,8 @@ EnumerationParameterSchema readEnumerationParameterSchema(const SchemaDocument& 
     const JSON constants = document.root.getMember(Frame::constants);
     for (std::uint32_t i = 0; i < constants.getSize(); ++i) {
         const JSON member = constants.getElement(i);
-        if (member.getMember(Frame::id).getStringView() == "spec") {
+        const JSON id = member.getMember(Frame::id);
+        if (id.isString() && id.getStringView() == "spec") {
             schema.spec = readSpecMember(document, member);
         }
     }

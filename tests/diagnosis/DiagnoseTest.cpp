@@ -99,6 +99,16 @@ TEST(Diagnosis, PlacesWhatIsWrittenWithEscapes) {
     expectAt(diagnosis.diagnostics[2], "/constants/2/i~1d", R"("i\/d")");
 }
 
+TEST(Diagnosis, ReadsOnBehindAnIdThatIsNone) {
+    const std::string text =
+        shortForm("p", "quovanta.parameter:parameter-2.0.0",
+                  nameConstant("P") + R"(,{"id":{},"value":1},{"id":"spec","typeid":"s","value":{}})",
+                  R"({"id":"value","typeid":"e"})");
+    EXPECT_THAT(foundIn({text}), ElementsAre("wrong-type: A property's id attribute must be a string. ({})",
+                                             "missing-reference: No document defines s. (\"s\")",
+                                             "missing-reference: No document defines e. (\"e\")"));
+}
+
 TEST(Diagnosis, SuggestsWhatIsNear) {
     const std::vector<std::string_view> candidates = {"group", "name", "readOnly", "acme:air-1.0.0"};
     const std::pair<const char*, const char*> words[] = {
