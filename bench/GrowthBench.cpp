@@ -44,8 +44,8 @@ string listOf(std::string_view kind, std::size_t count) {
     return list + "]";
 }
 
-/// An engine with so many subcategories of one category with so many disciplines, and so many parameters of one spec
-/// with so many units.
+/// An engine with that many subcategories of one category with as many disciplines, and as many parameters of one spec
+/// with as many units.
 std::shared_ptr<ParametersEngine> contextOf(std::size_t count) {
     auto context = std::make_shared<ParametersEngine>();
     context->registerSchema(document("acme:domain", "quovanta.talmo.category:domain-1.0.0", ""));
@@ -69,7 +69,7 @@ std::shared_ptr<ParametersEngine> contextOf(std::size_t count) {
     return context;
 }
 
-/// Registers with a context so many schemas, each of which refers to another item of a kind.
+/// Registers with a context that many schemas, each of which refers to another item of a kind.
 std::function<void()> importEach(std::string_view kind, std::size_t count) {
     return [kind, count, context = contextOf(count)] {
         ParametersEngine engine;

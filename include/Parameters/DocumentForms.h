@@ -31,9 +31,11 @@ struct ValueForm {
 
 /// A member of an object, or an entry of a section.
 struct MemberForm {
+    /// The name, or of an entry its id.
     std::string name;
     /// Whether it must be there.
     bool isRequired = false;
+    /// What it may be.
     ValueForm value;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/RoomyVector.h"
 #include "base/Text.h"
 #include "base/TypeIdMap.h"
 
@@ -10,7 +11,6 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string_view>
-#include <vector>
 
 namespace Parameters {
 
@@ -37,9 +37,9 @@ using ItemIndex = TypeIdMap<ItemLocation>;
 /// The objects of one kind in a registry.
 template <class Object> struct ObjectStore {
     std::uint8_t kind;
-    std::vector<FinishedItem<Object>> finished;
+    RoomyVector<FinishedItem<Object>> finished;
     /// While a resolution runs, what it has made of the pending schemas, in their order.
-    std::vector<FinishedItem<Object>> staged;
+    RoomyVector<FinishedItem<Object>> staged;
 
     [[nodiscard]] const FinishedItem<Object>* find(const ItemIndex& places, const TypeIdKey& key) const noexcept {
         const ItemLocation* place = places.find(key);

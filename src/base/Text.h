@@ -23,7 +23,7 @@ inline std::string concat(std::initializer_list<std::string_view> parts) {
 
 /// Whether a view is one of characters of the text.
 inline bool isPartOf(std::string_view view, std::string_view text) noexcept {
-    // Other than the operator this orders all pointers.
+    // Unlike the operator, this orders all pointers.
     const std::less_equal<> isNotBehind;
     return isNotBehind(text.data(), view.data()) && isNotBehind(view.data() + view.size(), text.data() + text.size());
 }

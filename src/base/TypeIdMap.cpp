@@ -13,7 +13,7 @@ namespace Parameters {
 
 namespace {
 
-/// What the two hashes are kept secret by: one a process and its forks.
+/// What keeps the two hashes secret. A process and its forks share one.
 struct Secret {
     std::array<unsigned char, XXH3_SECRET_DEFAULT_SIZE> fast;
     SipHash::Key strong;

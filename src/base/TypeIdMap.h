@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/RoomyVector.h"
 #include "base/TextArena.h"
 
 #include <algorithm>
@@ -34,14 +35,6 @@ struct TypeIdKey {
     std::string_view typeId;
     std::uint32_t hash = 0;
 };
-
-/// Makes room for that many further items, and when it has to grow, for as many as there are.
-template <class Item> void makeRoom(std::vector<Item>& items, std::size_t count) {
-    const std::size_t needed = items.size() + count;
-    if (needed > items.capacity()) {
-        items.reserve(std::max(needed, 2 * items.capacity()));
-    }
-}
 
 /// Map from typeid to value: entries stand in the order of insertion, a hash index beside them finds them, and the
 /// order by typeid is worked out by whoever needs it. Look-ups take about as long whatever the typeids are: where too
@@ -81,6 +74,20 @@ public:
         /// The characters or, of a long typeid, where they stand: a look-up waits for one place in memory only.
         std::array<char, capacity> characters_;
     };
+
+    TypeIdMap() noexcept = default;
+    TypeIdMap(const TypeIdMap& other)
+        : longTypeIds_(other.longTypeIds_), entries_(other.entries_), slots_(other.slots_),
+          longestWay_(other.longestWay_), isStrong_(other.isStrong_) {
+        // As much as the entries have.
+        if (!empty()) {
+            reserveMore(entries_.roomOfCopy(size()));
+        }
+    }
+    TypeIdMap(TypeIdMap&& other) noexcept = default;
+    TypeIdMap& operator=(const TypeIdMap& other) = delete;
+    TypeIdMap& operator=(TypeIdMap&& other) noexcept = default;
+    ~TypeIdMap() = default;
 
     [[nodiscard]] std::size_t size() const noexcept { return entries_.size(); }
     [[nodiscard]] bool empty() const noexcept { return entries_.empty(); }
@@ -217,7 +224,7 @@ private:
     }
 
     void reserveMore(std::size_t count) {
-        makeRoom(entries_, count);
+        entries_.makeRoom(count);
         const std::size_t needed = entries_.size() + count;
         if (2 * needed > slots_.size()) {
             rehash(needed);
@@ -293,7 +300,7 @@ private:
     }
 
     TextArena longTypeIds_;
-    std::vector<Entry> entries_;
+    RoomyVector<Entry> entries_;
     std::vector<Slot> slots_;
     /// How far an entry may be from the slot that its hash asks for. Look-ups go no further.
     std::size_t longestWay_ = 0;

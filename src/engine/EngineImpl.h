@@ -13,7 +13,7 @@ namespace Parameters {
 
 /// Everything that an engine knows.
 struct EngineImpl {
-    /// What the engine has accepted for itself. All getters read this and nothing else.
+    /// What the engine has accepted for itself. Getters read this and nothing else of this library.
     Registry primary;
     /// Finished objects copied from other engines, until the next resolution takes them over.
     Registry imported;

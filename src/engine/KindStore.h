@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 namespace Parameters {
 
@@ -34,11 +33,11 @@ template <class Kind> struct KindStore : ObjectStore<typename Kind::Object> {
 
     KindStore() noexcept : ObjectStore<Object>{kindNumber<Kind>, {}, {}} {}
 
-    std::vector<PendingItem<Body>> pending;
+    RoomyVector<PendingItem<Body>> pending;
 
     void clearPending() noexcept {
-        pending = std::vector<PendingItem<Body>>();
-        this->staged = std::vector<FinishedItem<Object>>();
+        pending = RoomyVector<PendingItem<Body>>();
+        this->staged = RoomyVector<FinishedItem<Object>>();
     }
 
     [[nodiscard]] static ItemLocation locationOf(const FinishedItem<Object>& item, std::size_t position) noexcept {

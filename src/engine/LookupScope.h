@@ -9,8 +9,8 @@
 
 namespace Parameters {
 
-/// Where an operation looks references up: the finished objects of up to three registries, searched front to back, and
-/// the units.
+/// Where an operation looks references up: the finished and the staged objects of up to three registries, searched
+/// front to back, and the units.
 class LookupScope {
 public:
     template <class... Registries>

@@ -23,7 +23,7 @@ void Registry::throwAlreadyRegistered(std::string_view typeId) {
 void Registry::reserveFor(const Registry& other) {
     AllKinds::forEach([&](auto kind) {
         auto& items = store<decltype(kind)>();
-        makeRoom(items.finished, items.staged.size() + other.store<decltype(kind)>().finished.size());
+        items.finished.makeRoom(items.staged.size() + other.store<decltype(kind)>().finished.size());
     });
     index_.reserveFor(other.index_);
     texts_.reserve(other.texts_.usedSize());

@@ -73,7 +73,7 @@ public:
     void takeFinished(Registry& other) noexcept;
 
 private:
-    template <class Kind, class Item> void add(std::vector<Item>& items, const TypeIdKey& key, Item item);
+    template <class Kind, class Item> void add(RoomyVector<Item>& items, const TypeIdKey& key, Item item);
     void compact();
 
     /// The texts of all items.
@@ -111,8 +111,8 @@ template <class Kind> void Registry::stage(const PendingItem<typename Kind::Body
 
 /// Adds an item to a store, with a copy of its text. It may fail where there is no room, and then changes nothing that
 /// can be seen.
-template <class Kind, class Item> void Registry::add(std::vector<Item>& items, const TypeIdKey& key, Item item) {
-    makeRoom(items, 1);
+template <class Kind, class Item> void Registry::add(RoomyVector<Item>& items, const TypeIdKey& key, Item item) {
+    items.makeRoom(1);
     index_.reserveFor(key);
     item.text = texts_.add(item.text);
     index_.insert(key, KindStore<Kind>::locationOf(item, items.size()));

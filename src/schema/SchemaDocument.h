@@ -49,7 +49,7 @@ private:
 /// The parsed frame of a schema document. Ids and views are valid as long as the root and the text that it was made of.
 struct SchemaDocument {
     std::string typeId;
-    /// Empty in an enumeration document, which has no base.
+    /// Empty in an enumeration document of the current form, which has no base.
     std::string_view baseSchema;
     /// Empty in a document without "schemaSpecification".
     std::string_view schemaType;

@@ -81,6 +81,25 @@ TEST(TypeIdMapTest, SpreadsTypeIdsOfOneHashOnceTheyAreMany) {
     }
 }
 
+TEST(TypeIdMapTest, TakesMoreInACopyWithoutMovingWhatItHas) {
+    for (const int size : {1, 7, 8, 1000, 65'536}) {
+        TypeIdMap<int> map;
+        for (int i = 0; i < size; ++i) {
+            map.insert(std::to_string(i), i);
+        }
+        TypeIdMap<int> copy = map;
+        const auto* first = &copy[0];
+        const void* slot = copy.slotOf(std::string("0"));
+        copy.insert(std::string("new"), -1);
+        EXPECT_EQ(&copy[0], first) << size;
+        EXPECT_EQ(copy.slotOf(std::string("0")), slot) << size;
+        EXPECT_FALSE(map.contains(std::string("new"))) << size;
+        for (int i = 0; i < size; ++i) {
+            ASSERT_EQ(*copy.find(std::to_string(i)), i) << size;
+        }
+    }
+}
+
 TEST(SipHashTest, HashesAsPublished) {
     // As Python hashes bytes, with the keys that it makes of PYTHONHASHSEED=0 and 1.
     constexpr SipHash::Key zero = {0, 0};
