@@ -1,6 +1,9 @@
 #include "base/TextArena.h"
 
+#include <sys/mman.h>
+
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -9,14 +12,31 @@ namespace Parameters {
 
 namespace {
 
-/// Blocks grow to this size.
-constexpr std::size_t largestBlock = 64 * 1024;
+/// Blocks double to the first size, and then grow to the second as an eighth of all.
+constexpr std::size_t usualBlock = 64 * 1024;
+constexpr std::size_t largestBlock = 8 * 1024 * 1024;
 
 /// A larger text that does not fit any more gets a block of its own, so that little room is left over.
-constexpr std::size_t ownBlockSize = largestBlock / 4;
+constexpr std::size_t ownBlockSize = usualBlock / 4;
+
+/// Lets the system back what it can of a large block with large pages: a first filling waits for fewer of them.
+void adviseLargePages([[maybe_unused]] char* block, [[maybe_unused]] std::size_t size) noexcept {
+#ifdef MADV_HUGEPAGE
+    constexpr std::uintptr_t page = 2 * 1024 * 1024;
+    const auto begin = (reinterpret_cast<std::uintptr_t>(block) + page - 1) / page * page;
+    const auto end = (reinterpret_cast<std::uintptr_t>(block) + size) / page * page;
+    if (begin < end) {
+        // Where the system has none, nothing is lost.
+        static_cast<void>(madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE));
+    }
+#endif
+}
 
 std::shared_ptr<char> newBlock(std::size_t size) {
-    return {static_cast<char*>(::operator new(size)), [](char* block) { ::operator delete(block); }};
+    std::shared_ptr<char> block(static_cast<char*>(::operator new(size)),
+                                [](char* memory) { ::operator delete(memory); });
+    adviseLargePages(block.get(), size);
+    return block;
 }
 
 } // namespace
@@ -28,7 +48,7 @@ void TextArena::swap(TextArena& other) noexcept {
     std::swap(blocks_, other.blocks_);
     std::swap(next_, other.next_);
     std::swap(room_, other.room_);
-    std::swap(lastBlockSize_, other.lastBlockSize_);
+    std::swap(ownSize_, other.ownSize_);
     std::swap(usedSize_, other.usedSize_);
     std::swap(addedSize_, other.addedSize_);
 }
@@ -46,7 +66,7 @@ std::string_view TextArena::add(std::string_view text) {
 
 void TextArena::reserve(std::size_t size) {
     if (size > room_) {
-        startBlock(std::max(size, std::min(2 * lastBlockSize_, largestBlock)));
+        startBlock(std::max({size, std::min(ownSize_, usualBlock), std::min(ownSize_ / 8, largestBlock)}));
     }
 }
 
@@ -64,7 +84,7 @@ void TextArena::startBlock(std::size_t size) {
     blocks_.push_back(newBlock(size));
     next_ = blocks_.back().get();
     room_ = size;
-    lastBlockSize_ = size;
+    ownSize_ += size;
 }
 
 } // namespace Parameters

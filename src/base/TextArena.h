@@ -52,7 +52,8 @@ private:
     /// Where the next text goes, and how much fits there.
     char* next_ = nullptr;
     std::size_t room_ = 0;
-    std::size_t lastBlockSize_ = 0;
+    /// Of the blocks that no other arena had before this one.
+    std::size_t ownSize_ = 0;
     std::size_t usedSize_ = 0;
     std::size_t addedSize_ = 0;
 };
