@@ -3,8 +3,8 @@
 #include <sys/mman.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -20,14 +20,12 @@ constexpr std::size_t largestBlock = 8 * 1024 * 1024;
 constexpr std::size_t ownBlockSize = usualBlock / 4;
 
 /// Lets the system back what it can of a large block with large pages: a first filling waits for fewer of them.
-void adviseLargePages([[maybe_unused]] char* block, [[maybe_unused]] std::size_t size) noexcept {
+void adviseLargePages([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size) noexcept {
 #ifdef MADV_HUGEPAGE
-    constexpr std::uintptr_t page = 2 * 1024 * 1024;
-    const auto begin = (reinterpret_cast<std::uintptr_t>(block) + page - 1) / page * page;
-    const auto end = (reinterpret_cast<std::uintptr_t>(block) + size) / page * page;
-    if (begin < end) {
+    constexpr std::size_t page = 2 * 1024 * 1024;
+    if (std::align(page, page, block, size) != nullptr) {
         // Where the system has none, nothing is lost.
-        static_cast<void>(madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE));
+        static_cast<void>(madvise(block, size / page * page, MADV_HUGEPAGE));
     }
 #endif
 }
