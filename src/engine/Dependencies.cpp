@@ -10,7 +10,7 @@ namespace {
 
 template <class Kind>
 std::set<std::string> dependenciesOf(const typename Kind::Object& object, const EngineImpl& engine) {
-    DependencyCollector result;
+    DependencyCollector result(isBuiltInTypeId);
     collectDependencies<Kind>(object, engine, result);
     return std::move(result.typeIds);
 }

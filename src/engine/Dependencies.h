@@ -4,14 +4,11 @@
 
 namespace Parameters {
 
-/// Collects the typeids that a finished object of an engine depends on, but for the built-in ones.
+/// Collects the typeids that a finished object of an engine depends on.
 template <class Kind>
 void collectDependencies(const typename Kind::Object& object, const EngineImpl& engine, DependencyCollector& result) {
     Kind::addDependencies(object, result, engine.units,
                           LookupScope(engine.units, engine.primary).stores<CategoryKind>());
-    for (const std::string_view builtIn : Vocabulary::builtInTypeIds) {
-        result.typeIds.erase(std::string(builtIn));
-    }
 }
 
 } // namespace Parameters

@@ -85,7 +85,7 @@ private:
     const EngineImpl& context_;
     TypeIds worked_;
     TypeIds toCopy_;
-    DependencyCollector dependencies_;
+    DependencyCollector dependencies_{isBuiltInTypeId};
 };
 
 } // namespace

@@ -261,7 +261,9 @@ void dependenciesOfSpec(const Spec& spec, DependencyCollector& result, const Uni
     const auto addUnit = [&](const Units::Unit& unit) {
         const std::string typeId = unit.getTypeId();
         result.add(typeId);
-        result.typeIds.merge(askUnits(typeId, [&] { return unitsEngine.getDependencies(typeId); }));
+        for (const std::string& dependency : askUnits(typeId, [&] { return unitsEngine.getDependencies(typeId); })) {
+            result.add(dependency);
+        }
     };
     if (const auto& measurable = spec.getMeasurable()) {
         addUnit(measurable->getStorageUnit());
