@@ -137,7 +137,7 @@ std::vector<std::string> surroundings(const Place& place) {
     const std::string typeId = member(Frame::typeId, quoted(probe));
     std::vector<std::string> all = {"", typeId};
     const Reading usual = read(place, "{" + typeId + "}");
-    if (usual.asked.count(std::string(Frame::typeId)) == 0) {
+    if (usual.faults != 0 || usual.asked.count(std::string(Frame::typeId)) == 0) {
         return all;
     }
     for (const std::string_view builtIn : Vocabulary::builtInTypeIds) {
@@ -312,7 +312,11 @@ Tried tryValues(const Place& place, bool hasFaultsElsewhere) {
                 candidates.add(object->form, object->sample);
             }
         }
-        const Tried element = tryValues(place.element());
+        const std::array arrays = {std::string("[]"), "[" + quoted(probe) + "]",
+                                   "[{" + member(Frame::typeId, quoted(probe)) + "}]"};
+        const bool takesArrays = std::any_of(arrays.begin(), arrays.end(),
+                                             [&](const std::string& array) { return read(place, array).faults == 0; });
+        const Tried element = takesArrays ? tryValues(place.element()) : Tried();
         const ValueForm array{{"array"}, false, {}, {}, {element.form}, {}};
         candidates.add(array, "[]");
         candidates.add(array, "[" + element.sample + "]");
