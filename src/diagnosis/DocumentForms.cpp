@@ -161,7 +161,8 @@ Tried tryValues(const Place& place, bool hasFaultsElsewhere = false);
 /// Whether it takes strings, and not some words alone.
 bool takesAnyString(const ValueForm& form) { return form.types.count("string") != 0 && form.words.empty(); }
 
-const MemberForm* find(const std::vector<MemberForm>& members, const std::string& name) {
+/// The member of a name, or null.
+template <class Members> auto* find(Members& members, const std::string& name) {
     const auto found =
         std::find_if(members.begin(), members.end(), [&](const MemberForm& each) { return each.name == name; });
     return found != members.end() ? &*found : nullptr;
@@ -191,8 +192,8 @@ void merge(ValueForm& into, const ValueForm& other) {
         each.isRequired = each.isRequired && same != nullptr && same->isRequired;
     }
     for (const MemberForm& each : other.members) {
-        if (const MemberForm* same = find(into.members, each.name)) {
-            merge(into.members[static_cast<std::size_t>(same - into.members.data())].value, each.value);
+        if (MemberForm* same = find(into.members, each.name)) {
+            merge(same->value, each.value);
         } else {
             into.members.push_back(each);
             into.members.back().isRequired = each.isRequired && !hadObjects;
