@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/LargePages.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <vector>
@@ -7,10 +9,10 @@
 namespace Parameters {
 
 /// A vector whose copies have room for some more: what is first added to a copy of many items need not move them all.
-template <class Item> class RoomyVector : public std::vector<Item> {
+template <class Item> class RoomyVector : public std::vector<Item, RoomyAllocator<Item>> {
 public:
     RoomyVector() noexcept = default;
-    RoomyVector(const RoomyVector& other) : std::vector<Item>() {
+    RoomyVector(const RoomyVector& other) : std::vector<Item, RoomyAllocator<Item>>() {
         if (!other.empty()) {
             this->reserve(other.size() + roomOfCopy(other.size()));
             this->insert(this->end(), other.begin(), other.end());

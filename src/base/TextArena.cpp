@@ -1,6 +1,6 @@
 #include "base/TextArena.h"
 
-#include <sys/mman.h>
+#include "base/LargePages.h"
 
 #include <algorithm>
 #include <cstring>
@@ -13,28 +13,14 @@ namespace Parameters {
 namespace {
 
 /// Blocks double to the first size, and then grow to the second as an eighth of all.
-constexpr std::size_t usualBlock = 64 * 1024;
+constexpr std::size_t usualBlock = 1024 * 1024;
 constexpr std::size_t largestBlock = 8 * 1024 * 1024;
 
 /// A larger text that does not fit any more gets a block of its own, so that little room is left over.
-constexpr std::size_t ownBlockSize = usualBlock / 4;
-
-/// Lets the system back what it can of a large block with large pages: a first filling waits for fewer of them.
-void adviseLargePages([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size) noexcept {
-#ifdef MADV_HUGEPAGE
-    constexpr std::size_t page = 2 * 1024 * 1024;
-    if (std::align(page, page, block, size) != nullptr) {
-        // Where the system has none, nothing is lost.
-        static_cast<void>(madvise(block, size / page * page, MADV_HUGEPAGE));
-    }
-#endif
-}
+constexpr std::size_t ownBlockSize = 16 * 1024;
 
 std::shared_ptr<char> newBlock(std::size_t size) {
-    std::shared_ptr<char> block(static_cast<char*>(::operator new(size)),
-                                [](char* memory) { ::operator delete(memory); });
-    adviseLargePages(block.get(), size);
-    return block;
+    return {static_cast<char*>(allocateRoomy(size)), [size](char* memory) { deallocateRoomy(memory, size); }};
 }
 
 } // namespace
@@ -64,7 +50,7 @@ std::string_view TextArena::add(std::string_view text) {
 
 void TextArena::reserve(std::size_t size) {
     if (size > room_) {
-        startBlock(std::max({size, std::min(ownSize_, usualBlock), std::min(ownSize_ / 8, largestBlock)}));
+        startBlock(roomySize(std::max({size, std::min(ownSize_, usualBlock), std::min(ownSize_ / 8, largestBlock)})));
     }
 }
 
