@@ -2,6 +2,8 @@
 
 #include "schema/RapidJSON.h"
 
+#include <endian.h>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -54,8 +56,11 @@ const char* skipPlain(const char* next, const char* end) noexcept {
     for (; end - next >= static_cast<std::ptrdiff_t>(sizeof(Word)); next += sizeof(Word)) {
         Word word;
         std::memcpy(&word, next, sizeof(word));
-        if ((below(word, ' ') | below(word ^ (ones * '"'), 1) | below(word ^ (ones * '\\'), 1)) != 0) {
-            break;
+        word = le64toh(word);
+        const Word found = below(word, ' ') | below(word ^ (ones * '"'), 1) | below(word ^ (ones * '\\'), 1);
+        if (found != 0) {
+            // The lowest bit is of the first such character; those above it may be of others.
+            return next + __builtin_ctzll(found) / 8;
         }
     }
     while (isPlain(*next)) {
