@@ -12,16 +12,29 @@ using TypeIds = std::set<std::string>;
 /// Typeids of this library and of the units library.
 using MissingTypeIds = std::pair<TypeIds, TypeIds>;
 
-/// Adds the typeid to target if nobody knows it. The schema that refers to it is about to be registered.
-void collectMissing(const EngineImpl& engine, const TypeIdKey& schemaTypeId, const TypeIdKey& typeId, TypeIds& target) {
-    if (typeId.typeId == schemaTypeId.typeId || engine.isKnownHere(typeId)) {
-        return;
+/// Tells which of the typeids that a schema refers to nobody knows. The schema is about to be registered.
+class MissingSearch {
+public:
+    MissingSearch(const EngineImpl& engine, const TypeIdKey& schemaTypeId) noexcept
+        : engine_(engine), schemaTypeId_(schemaTypeId) {}
+
+    /// Adds the typeid to target if nobody knows it.
+    void addMissing(const TypeIdKey& typeId, TypeIds& target) {
+        if (typeId.typeId == schemaTypeId_.typeId || engine_.isKnownHere(typeId)) {
+            return;
+        }
+        asked_.assign(typeId.typeId);
+        if (!engine_.units.isRegistered(asked_)) {
+            target.insert(asked_);
+        }
     }
-    std::string text(typeId.typeId);
-    if (!engine.units.isRegistered(text)) {
-        target.insert(std::move(text));
-    }
-}
+
+private:
+    const EngineImpl& engine_;
+    const TypeIdKey& schemaTypeId_;
+    /// The units library is asked by strings. One serves all, so that most cost no allocation.
+    std::string asked_;
+};
 
 /// Keeps the document as pending if it is of the kind; whether it is. What can fail is done before the store is
 /// touched.
@@ -33,11 +46,11 @@ bool storePending(EngineImpl& engine, const SchemaDocument& document, const Type
         return false;
     }
     if (missing != nullptr) {
-        Kind::dependenciesOfSchema(*body, [&](ReferenceTo /*target*/, const TypeIdKey& typeId) {
-            collectMissing(engine, key, typeId, missing->first);
-        });
-        Kind::unitDependenciesOfSchema(
-            *body, [&](const TypeIdKey& typeId) { collectMissing(engine, key, typeId, missing->second); });
+        MissingSearch search(engine, key);
+        Kind::dependenciesOfSchema(
+            *body, [&](ReferenceTo /*target*/, const TypeIdKey& typeId) { search.addMissing(typeId, missing->first); });
+        Kind::unitDependenciesOfSchema(*body,
+                                       [&](const TypeIdKey& typeId) { search.addMissing(typeId, missing->second); });
     }
     engine.primary.addPending<Kind>(key, *std::move(body), schemaText);
     return true;
