@@ -123,12 +123,12 @@ private:
         observer_.clear();
         entries_.emplace_back().firstReference = references_.size();
         JSON::Scratch scratch;
-        JSON root = JSON::parse(factory_, text_, &scratch);
+        JSON::Document tree = JSON::parse(factory_, text_, &scratch);
         if (observer_.syntaxErrorOffset) {
             refuse(document, *observer_.syntaxErrorOffset);
             return;
         }
-        const SchemaDocument schema = readSchemaDocument(std::move(root));
+        const SchemaDocument schema = readSchemaDocument(std::move(tree));
         takeTypeId(document, schema);
         const bool isRead = IntakeOrder::any([&](auto kind) { return readBody<decltype(kind)>(document, schema); });
         if (isRead) {

@@ -66,7 +66,7 @@ struct Reading {
 };
 
 JSON valueAt(const JSON& root, const Place& place) {
-    JSON value = root.view();
+    JSON value = root;
     for (const auto& step : place.path) {
         value = step ? value.getMember(*step) : value.getElement(0);
     }

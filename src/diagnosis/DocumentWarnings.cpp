@@ -324,7 +324,7 @@ template <class Range>
 void reportOddBody(const NumericRangeSchema<Range>& body, const SchemaDocument& document, DocumentObserver& observer) {
     const auto find = [&](std::string_view key) {
         const JSON* constant = document.constants.find(key);
-        return constant != nullptr ? constant->view() : document.root.getMember({});
+        return constant != nullptr ? *constant : document.root.getMember({});
     };
     reportOddRange<Range>(body.fromBottom, body.fromTop, body.bottomBoundary, body.topBoundary, find,
                           document.root.identity(), observer);

@@ -37,7 +37,7 @@ namespace {
 
 using Encoding = rapidjson::UTF8<>;
 using Pool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;
-using Document = rapidjson::GenericDocument<Encoding, Pool, ThrowingAllocator>;
+using ParserDocument = rapidjson::GenericDocument<Encoding, Pool, ThrowingAllocator>;
 using Value = rapidjson::GenericValue<Encoding, Pool>;
 using Reader = rapidjson::GenericReader<Encoding, Encoding, ThrowingAllocator>;
 
@@ -127,7 +127,7 @@ private:
 /// Hands the parser's events to the document, and stops the parser where they nest too deep.
 class BoundedHandler {
 public:
-    explicit BoundedHandler(Document& document) : document_(document) {}
+    BoundedHandler(ParserDocument& document, const StreamState& state) : document_(document), state_(state) {}
 
     bool Null() { return document_.Null(); }
     bool Bool(bool value) { return document_.Bool(value); }
@@ -139,7 +139,11 @@ public:
     bool RawNumber(const char* text, rapidjson::SizeType size, bool copy) {
         return document_.RawNumber(text, size, copy);
     }
-    bool String(const char* text, rapidjson::SizeType size, bool copy) { return document_.String(text, size, copy); }
+    /// Only an escape can stand for a NUL, which ends the string.
+    bool String(const char* text, rapidjson::SizeType size, bool copy) {
+        const std::size_t length = state_.isDecoding ? strnlen(text, size) : size;
+        return document_.String(text, static_cast<rapidjson::SizeType>(length), copy);
+    }
     bool Key(const char* text, rapidjson::SizeType size, bool copy) { return document_.Key(text, size, copy); }
     bool StartObject() { return ++depth_ <= JSON::maximumDepth && document_.StartObject(); }
     bool EndObject(rapidjson::SizeType size) {
@@ -153,7 +157,8 @@ public:
     }
 
 private:
-    Document& document_;
+    ParserDocument& document_;
+    const StreamState& state_;
     unsigned depth_ = 0;
 };
 
@@ -191,7 +196,7 @@ const char* messageFor(rapidjson::ParseErrorCode code) {
 /// The parser may keep its place in a local copy.
 template <> struct rapidjson::StreamTraits<TextStream> { static constexpr int copyOptimization = 1; };
 
-struct JSON::Tree {
+struct JSON::Document::Tree {
     explicit Tree(Scratch* scratch)
         : pool(scratch != nullptr ? Pool(scratch->memory, sizeof(scratch->memory), poolBlock, &memory)
                                   : Pool(poolBlock, &memory)),
@@ -206,13 +211,13 @@ struct JSON::Tree {
     ThrowingAllocator memory;
     Pool pool;
     bool isInScratch;
-    Document document{&pool, stackSize, &memory};
+    ParserDocument document{&pool, stackSize, &memory};
 
     static constexpr std::size_t poolBlock = 64 * 1024;
     static constexpr std::size_t stackSize = 1024;
 };
 
-void JSON::TreeDeleter::operator()(Tree* tree) const noexcept {
+void JSON::Document::TreeDeleter::operator()(Tree* tree) const noexcept {
     if (tree->isInScratch) {
         tree->~Tree();
     } else {
@@ -227,19 +232,6 @@ struct JSON::Access {
         return json.viewed_ != nullptr ? *static_cast<const Value*>(json.viewed_) : null;
     }
 
-    static const Value* find(const JSON& json, std::string_view key) noexcept {
-        const Value& object = value(json);
-        if (!object.IsObject()) {
-            return nullptr;
-        }
-        for (auto member = object.MemberBegin(); member != object.MemberEnd(); ++member) {
-            if (key == std::string_view(member->name.GetString(), member->name.GetStringLength())) {
-                return &member->value;
-            }
-        }
-        return nullptr;
-    }
-
     /// Recurses once for each level, which parse() has bounded.
     static void walk(const Value& value, Node node, const std::function<void(const Node&)>& visit) {
         node.identity = &value;
@@ -247,8 +239,7 @@ struct JSON::Access {
         visit(node);
         if (value.IsObject()) {
             for (const auto& member : value.GetObject()) {
-                walk(member.value, {nullptr, &value, {member.name.GetString(), member.name.GetStringLength()}, {}},
-                     visit);
+                walk(member.value, {nullptr, &value, text(member.name), {}}, visit);
             }
         } else if (value.IsArray()) {
             for (const Value& element : value.GetArray()) {
@@ -257,40 +248,31 @@ struct JSON::Access {
         }
     }
 
-    static std::string_view text(const Value& value) {
-        const std::string_view whole(value.GetString(), value.GetStringLength());
-        return whole.substr(0, whole.find('\0'));
-    }
+    static std::string_view text(const Value& value) { return {value.GetString(), value.GetStringLength()}; }
 };
 
-JSON::JSON(std::unique_ptr<Tree, TreeDeleter> tree, const ExceptionFactory* exceptionFactory) noexcept
-    : viewed_(static_cast<const Value*>(&tree->document)), exceptionFactory_(exceptionFactory), tree_(std::move(tree)) {
-}
-
-JSON::JSON(const void* viewed, const ExceptionFactory* exceptionFactory) noexcept
-    : viewed_(viewed), exceptionFactory_(exceptionFactory) {}
-
-JSON JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& text, Scratch* scratch) {
-    JSON json(Tree::create(scratch), &exceptionFactory);
+JSON::Document JSON::parse(const ExceptionFactory& exceptionFactory, const std::string& text, Scratch* scratch) {
+    auto tree = Document::Tree::create(scratch);
     rapidjson::ParseResult result;
-    auto generate = [&](Document& document) {
-        StreamState state{text.c_str(), text.c_str() + text.size(), &json.tree_->pool};
+    auto generate = [&](ParserDocument& document) {
+        StreamState state{text.c_str(), text.c_str() + text.size(), &tree->pool};
         TextStream stream(state);
-        BoundedHandler handler(document);
+        BoundedHandler handler(document, state);
         result = Reader().Parse<rapidjson::kParseDefaultFlags | rapidjson::kParseInsituFlag>(stream, handler);
         return !result.IsError();
     };
-    json.tree_->document.Populate(generate);
+    tree->document.Populate(generate);
+    JSON root(static_cast<const Value*>(&tree->document), &exceptionFactory);
     if (result.IsError()) {
         const std::string message =
             "JSON parsing error at offset " + std::to_string(result.Offset()) + ": " + messageFor(result.Code());
-        if (json.observer() == nullptr) {
-            json.fail(message);
+        if (root.observer() == nullptr) {
+            root.fail(message);
         }
-        json.observer()->syntaxError(result.Offset(), message);
-        json.viewed_ = nullptr;
+        root.observer()->syntaxError(result.Offset(), message);
+        root.viewed_ = nullptr;
     }
-    return json;
+    return {std::move(tree), root};
 }
 
 bool JSON::isObject() const noexcept { return Access::value(*this).IsObject(); }
@@ -322,12 +304,17 @@ std::uint32_t JSON::getSize() const {
 
 bool JSON::hasMember(std::string_view key) const { return getMember(key).exists(); }
 
-JSON JSON::getMember(std::string_view key) const {
-    JSON found(Access::find(*this, key), exceptionFactory_);
-    if (observer() != nullptr) {
-        observer()->askedForMember(*this, key, found);
+const void* JSON::find(std::string_view key) const noexcept {
+    const Value& object = Access::value(*this);
+    if (!object.IsObject()) {
+        return nullptr;
     }
-    return found;
+    for (const auto& member : object.GetObject()) {
+        if (key == Access::text(member.name)) {
+            return &member.value;
+        }
+    }
+    return nullptr;
 }
 
 JSON JSON::getElement(std::uint32_t index) const { return {&Access::value(*this)[index], exceptionFactory_}; }
@@ -344,7 +331,8 @@ std::optional<std::map<std::string_view, std::string_view>> JSON::getStringMap()
             value.report(Rule::WrongType, "Expected a map with string keys and values, but value was not a string.");
             return std::nullopt;
         }
-        strings[Access::text(member.name)] = Access::text(member.value);
+        const std::string_view key = Access::text(member.name);
+        strings[key.substr(0, key.find('\0'))] = Access::text(member.value);
     }
     return strings;
 }

@@ -15,13 +15,13 @@
 
 namespace Parameters {
 
-/// Handle on a JSON value that was read. Its Writer, of JSONWriter.h, writes texts.
+/// View of a JSON value that was read, cheap to copy. Its Writer, of JSONWriter.h, writes texts.
 ///
-/// A handle that parse() made owns the tree, but not the text, where most of the strings stand. A view looks into the
-/// tree of another handle, which must outlive it. Tests are defined on every value, a moved-from handle included, which
-/// counts as null. Reads are for values that passed the matching test.
+/// It looks into a tree, which must outlive it. Tests are defined on every value; where there is none, they take it as
+/// null. Reads are for values that passed the matching test.
 class JSON {
 public:
+    class Document;
     class Writer;
 
     /// Memory for one small tree, to be put on the stack by operations that are done with the tree when they return.
@@ -32,29 +32,15 @@ public:
 
     /// Parses text up to its first NUL. Errors are thrown through the factory as "JSON parsing error at offset
     /// {offset}: {message}"; a nesting deeper than maximumDepth is among them. An observer is told instead, and gets a
-    /// handle that has nothing.
+    /// root that has nothing.
     /// The factory, the text and the scratch, if there is one, must outlive the tree.
-    [[nodiscard]] static JSON parse(const ExceptionFactory& exceptionFactory, const std::string& text,
-                                    Scratch* scratch = nullptr);
-    static JSON parse(const ExceptionFactory& exceptionFactory, std::string&& text,
-                      Scratch* scratch = nullptr) = delete;
+    [[nodiscard]] static Document parse(const ExceptionFactory& exceptionFactory, const std::string& text,
+                                        Scratch* scratch = nullptr);
+    static Document parse(const ExceptionFactory& exceptionFactory, std::string&& text,
+                          Scratch* scratch = nullptr) = delete;
 
     /// Deepest nesting of objects and arrays that parse() accepts: the parser recurses once for each level.
     static constexpr unsigned maximumDepth = 512;
-
-    JSON(JSON&& other)
-    noexcept
-        : viewed_(std::exchange(other.viewed_, nullptr)), exceptionFactory_(other.exceptionFactory_),
-          tree_(std::move(other.tree_)) {}
-    JSON& operator=(JSON&& other) noexcept {
-        viewed_ = std::exchange(other.viewed_, nullptr);
-        exceptionFactory_ = other.exceptionFactory_;
-        tree_ = std::move(other.tree_);
-        return *this;
-    }
-    JSON(const JSON&) = delete;
-    JSON& operator=(const JSON&) = delete;
-    ~JSON() = default;
 
     [[nodiscard]] bool isObject() const noexcept;
     [[nodiscard]] bool isArray() const noexcept;
@@ -77,13 +63,17 @@ public:
 
     /// False, too, on a value that is no object.
     [[nodiscard]] bool hasMember(std::string_view key) const;
-    /// A view of the first member of that name, or of a null value where there is none.
-    [[nodiscard]] JSON getMember(std::string_view key) const;
-    /// Of a view that getMember() gave: whether there is such a member.
+    /// The first member of that name, or nothing.
+    [[nodiscard]] JSON getMember(std::string_view key) const {
+        const JSON found(find(key), exceptionFactory_);
+        if (observer() != nullptr) {
+            observer()->askedForMember(*this, key, found);
+        }
+        return found;
+    }
+    /// Of what getMember() gave: whether there is such a member.
     [[nodiscard]] bool exists() const noexcept { return viewed_ != nullptr; }
-    /// A view of the same value.
-    [[nodiscard]] JSON view() const noexcept { return {viewed_, exceptionFactory_}; }
-    /// A view of one element of an array.
+    /// One element of an array.
     [[nodiscard]] JSON getElement(std::uint32_t index) const;
     /// Keys and values of an object of strings; the last of several members of one name counts. They are valid as those
     /// of getStringView(). Nothing where an observer has been told of a value of another type.
@@ -112,19 +102,36 @@ public:
     void walk(const std::function<void(const Node&)>& visit) const;
 
 private:
+    struct Access;
+
+    JSON(const void* viewed, const ExceptionFactory* exceptionFactory)
+    noexcept : viewed_(viewed), exceptionFactory_(exceptionFactory) {}
+
+    [[nodiscard]] const void* find(std::string_view key) const noexcept;
+
+    /// The value that operations act on, or null where there is none.
+    const void* viewed_;
+    const ExceptionFactory* exceptionFactory_;
+};
+
+/// The tree of a parsed text. It does not own the text, where most of the strings stand.
+class JSON::Document {
+public:
+    [[nodiscard]] JSON root() const& noexcept { return root_; }
+    JSON root() const&& = delete;
+
+private:
+    friend class JSON;
+
     struct Tree;
     struct TreeDeleter {
         void operator()(Tree* tree) const noexcept;
     };
-    struct Access;
 
-    JSON(std::unique_ptr<Tree, TreeDeleter> tree, const ExceptionFactory* exceptionFactory) noexcept;
-    JSON(const void* viewed, const ExceptionFactory* exceptionFactory) noexcept;
+    Document(std::unique_ptr<Tree, TreeDeleter> tree, JSON root) noexcept : tree_(std::move(tree)), root_(root) {}
 
-    /// The value that operations act on, or null where there is none.
-    const void* viewed_ = nullptr;
-    const ExceptionFactory* exceptionFactory_ = nullptr;
     std::unique_ptr<Tree, TreeDeleter> tree_;
+    JSON root_;
 };
 
 } // namespace Parameters

@@ -86,7 +86,7 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
     members.reserve(array.getSize());
     RepetitionCheck repetitions;
     for (std::uint32_t i = 0; i < array.getSize(); ++i) {
-        JSON element = array.getElement(i);
+        const JSON element = array.getElement(i);
         const JSON id = element.getMember(Frame::id);
         if (!requireMember(element, id)) {
             ignoreMembers(element, {Frame::value, Frame::typedValue, Frame::typeId});
@@ -98,7 +98,7 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
             ignoreMembers(element, {Frame::value, Frame::typedValue, Frame::typeId});
             continue;
         }
-        members.push_back({idText, std::move(element)});
+        members.push_back({idText, element});
     }
     return members;
 }
@@ -115,7 +115,7 @@ SchemaMembers readConstants(const JSON& root) {
                                  "A property definition must contain either a value or a typedValue.");
         }
         ignoreMembers(constant.json, {Frame::typeId});
-        constant.json = std::move(value);
+        constant.json = value;
     }
     const auto isMissing = [](const SchemaMember& constant) { return !constant.json.exists(); };
     constants.erase(std::remove_if(constants.begin(), constants.end(), isMissing), constants.end());
@@ -184,7 +184,8 @@ SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, cons
     return readSchemaDocument(JSON::parse(exceptionFactory, text, scratch));
 }
 
-SchemaDocument readSchemaDocument(JSON root) {
+SchemaDocument readSchemaDocument(JSON::Document tree) {
+    const JSON root = tree.root();
     const JSON typeId = root.getMember(Frame::typeId);
     if (!typeId.isString()) {
         (typeId.exists() ? typeId : root)
@@ -199,18 +200,19 @@ SchemaDocument readSchemaDocument(JSON root) {
                             {},
                             {},
                             {},
-                            std::move(root)};
-    if (!document.root.isObject()) {
+                            root,
+                            std::move(tree)};
+    if (!root.isObject()) {
         return document;
     }
-    ignoreMembers(document.root, {Frame::sealed, Frame::downgradedFrom});
-    readFormat(document.root, document);
+    ignoreMembers(root, {Frame::sealed, Frame::downgradedFrom});
+    readFormat(root, document);
     if (document.schemaType != Frame::enumType) {
-        document.baseSchema = readBaseSchema(document.root);
+        document.baseSchema = readBaseSchema(root);
     }
-    document.constants = readConstants(document.root);
+    document.constants = readConstants(root);
     const auto readMemberSection = [&](std::string_view section) {
-        return SchemaMembers(section, readMemberArray(document.root, section), document.root.observer());
+        return SchemaMembers(section, readMemberArray(root, section), root.observer());
     };
     document.properties = readMemberSection(Frame::properties);
     document.enumItems = readMemberSection(Frame::enumItems);

@@ -46,7 +46,7 @@ private:
     ReadingObserver* observer_ = nullptr;
 };
 
-/// The parsed frame of a schema document. Ids and views are valid as long as the root and the text that it was made of.
+/// The parsed frame of a schema document. Ids and views are valid as long as the tree and the text that it was made of.
 struct SchemaDocument {
     std::string typeId;
     /// Empty in an enumeration document of the current form, which has no base.
@@ -61,6 +61,8 @@ struct SchemaDocument {
     /// From id to the whole member.
     SchemaMembers enumItems;
     JSON root;
+    /// What all of these look into.
+    JSON::Document tree;
 
     /// Throws the message in the exception type of whoever had the document read.
     [[noreturn]] void fail(const std::string& message) const { root.fail(message); }
@@ -73,7 +75,7 @@ struct SchemaDocument {
 [[nodiscard]] SchemaDocument readSchemaDocument(const ExceptionFactory& exceptionFactory, const std::string& text,
                                                 JSON::Scratch* scratch = nullptr);
 /// The same for a text that has been parsed.
-[[nodiscard]] SchemaDocument readSchemaDocument(JSON root);
+[[nodiscard]] SchemaDocument readSchemaDocument(JSON::Document tree);
 
 /// What to do with the member of one key.
 template <class Handle> struct MemberHandler {

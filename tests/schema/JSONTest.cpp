@@ -25,7 +25,8 @@ const ValidationExceptionFactory exceptionFactory;
 /// What is read as a string, or what is wrong with it.
 std::string read(const std::string& text) {
     try {
-        const JSON json = JSON::parse(exceptionFactory, text);
+        const JSON::Document tree = JSON::parse(exceptionFactory, text);
+        const JSON json = tree.root();
         return json.isString() ? json.getString() : "no string";
     } catch (const ValidationException& exception) {
         return exception.what();
@@ -58,7 +59,8 @@ TEST(JSON, DecodesStringsWithEscapes) {
     constexpr std::string_view source =
         R"(["\"\\\/\b\f\n\r\t","plain","\u0041\u00e9\u20AC\uD83D\uDE00","","end\\","a\u0000b","\\",{"\u0069d":"\\"}])";
     const std::string text(source);
-    const JSON array = JSON::parse(exceptionFactory, text);
+    const JSON::Document tree = JSON::parse(exceptionFactory, text);
+    const JSON array = tree.root();
     const std::string strings[] = {
         "\"\\/\b\f\n\r\t", "plain", "A\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80", "", "end\\", "a", "\\"};
     for (std::uint32_t i = 0; i < std::size(strings); ++i) {
@@ -77,7 +79,8 @@ TEST(JSON, ReadsNumbersBeyondTheRangeOfDoubleAsInfinite) {
         {"1e-400", 0},
     };
     for (const auto& [text, number] : numbers) {
-        EXPECT_EQ(JSON::parse(exceptionFactory, text).getDouble(), number) << text;
+        const JSON::Document tree = JSON::parse(exceptionFactory, text);
+        EXPECT_EQ(tree.root().getDouble(), number) << text;
     }
     EXPECT_EQ(read(R"({"a":11e308,">)"),
               "JSON parsing error at offset 14: Missing a closing quotation mark in a string.");
