@@ -195,6 +195,7 @@ SchemaDocument readSchemaDocument(JSON::Document tree) {
     }
     SchemaDocument document{typeId.isString() ? typeId.getString() : "",
                             {},
+                            false,
                             {},
                             Units::SchemaFormat::PropertySets,
                             {},
@@ -209,6 +210,7 @@ SchemaDocument readSchemaDocument(JSON::Document tree) {
     readFormat(root, document);
     if (document.schemaType != Frame::enumType) {
         document.baseSchema = readBaseSchema(root);
+        document.hasInnerBeginning = document.baseSchema.find(Vocabulary::beginning, 1) != std::string_view::npos;
     }
     document.constants = readConstants(root);
     const auto readMemberSection = [&](std::string_view section) {

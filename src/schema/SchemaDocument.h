@@ -2,6 +2,7 @@
 
 #include "schema/Frame.h"
 #include "schema/JSON.h"
+#include "schema/Vocabulary.h"
 
 #include <Units/SchemaFormat.h>
 
@@ -51,6 +52,8 @@ struct SchemaDocument {
     std::string typeId;
     /// Empty in an enumeration document of the current form, which has no base.
     std::string_view baseSchema;
+    /// Whether the base schema may contain the prefix of a family without beginning with it.
+    bool hasInnerBeginning = false;
     /// Empty in a document without "schemaSpecification".
     std::string_view schemaType;
     Units::SchemaFormat schemaFormat = Units::SchemaFormat::PropertySets;
@@ -63,6 +66,12 @@ struct SchemaDocument {
     JSON root;
     /// What all of these look into.
     JSON::Document tree;
+
+    /// Whether the base schema contains the prefix of a family. All families are tried in turn, so it is quick to say
+    /// no.
+    [[nodiscard]] bool isOfFamily(std::string_view prefix) const noexcept {
+        return hasInnerBeginning ? containsPrefix(baseSchema, prefix) : beginsWithPrefix(baseSchema, prefix);
+    }
 
     /// Throws the message in the exception type of whoever had the document read.
     [[noreturn]] void fail(const std::string& message) const { root.fail(message); }

@@ -17,7 +17,9 @@ namespace Parameters {
 
 /// Whether the typeid begins with the prefix of a family.
 [[nodiscard]] constexpr bool beginsWithPrefix(std::string_view typeId, std::string_view prefix) noexcept {
-    return typeId.substr(0, prefix.size()) == prefix;
+    // Of families that begin alike few end at the same place.
+    return typeId.size() >= prefix.size() && typeId[prefix.size() - 1] == prefix.back() &&
+           typeId.substr(0, prefix.size()) == prefix;
 }
 
 /// Whether the prefix of a family occurs anywhere in the typeid, with any version behind it.
@@ -216,15 +218,15 @@ inline constexpr std::array documentBases = {
     stringParameter.typeId,
 };
 
-/// Few others begin like this.
-inline constexpr std::string_view builtInBeginning = "quovanta.";
+/// How the prefixes of all families, and the built-in typeids, begin. Few others do.
+inline constexpr std::string_view beginning = "quovanta.";
 
 } // namespace Vocabulary
 
 /// Whether the typeid is one of those that stand for themselves and are never registered.
 [[nodiscard]] inline bool isBuiltInTypeId(std::string_view typeId) noexcept {
     const auto& builtIn = Vocabulary::builtInTypeIds;
-    return beginsWithPrefix(typeId, Vocabulary::builtInBeginning) &&
+    return beginsWithPrefix(typeId, Vocabulary::beginning) &&
            std::find(builtIn.begin(), builtIn.end(), typeId) != builtIn.end();
 }
 

@@ -208,7 +208,7 @@ struct RangeResolution {
 
 std::optional<ParameterSchema> readParameterSchema(const SchemaDocument& document) {
     const auto* form = std::find_if(std::begin(forms), std::end(forms), [&](const ParameterForm& candidate) {
-        return containsPrefix(document.baseSchema, candidate.prefix);
+        return document.isOfFamily(candidate.prefix);
     });
     if (form == std::end(forms)) {
         return std::nullopt;

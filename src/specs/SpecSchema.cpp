@@ -216,9 +216,8 @@ ValueTypeId resolveValueType(SpecSchema& schema) {
 } // namespace
 
 std::optional<SpecSchema> readSpecSchema(const SchemaDocument& document) {
-    const auto* shape = std::find_if(shapes.begin(), shapes.end(), [&](const SpecShape& candidate) {
-        return containsPrefix(document.baseSchema, candidate.prefix);
-    });
+    const auto* shape = std::find_if(shapes.begin(), shapes.end(),
+                                     [&](const SpecShape& candidate) { return document.isOfFamily(candidate.prefix); });
     if (shape == shapes.end()) {
         return std::nullopt;
     }

@@ -32,10 +32,10 @@ SubCategorySchema readSubCategorySchema(const SchemaDocument& document) {
 } // namespace
 
 std::optional<CategorySchema> readCategorySchema(const SchemaDocument& document) {
-    if (containsPrefix(document.baseSchema, Vocabulary::majorCategory.prefix)) {
+    if (document.isOfFamily(Vocabulary::majorCategory.prefix)) {
         return readMajorCategorySchema(document);
     }
-    if (containsPrefix(document.baseSchema, Vocabulary::subCategory.prefix)) {
+    if (document.isOfFamily(Vocabulary::subCategory.prefix)) {
         return readSubCategorySchema(document);
     }
     return std::nullopt;

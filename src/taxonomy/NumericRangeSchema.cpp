@@ -61,7 +61,7 @@ void createBoundaryMember(JSON::Writer& target, std::string_view key, bool binds
 } // namespace
 
 template <class Range> std::optional<NumericRangeSchema<Range>> readNumericRangeSchema(const SchemaDocument& document) {
-    if (!containsPrefix(document.baseSchema, NumericRangeFamily<Range>::bases.prefix)) {
+    if (!document.isOfFamily(NumericRangeFamily<Range>::bases.prefix)) {
         return std::nullopt;
     }
     // Both flags before both boundaries: the order in which faults are reported.

@@ -60,12 +60,12 @@ void addSet(JSON::Writer& target, std::string_view key, const SetStringRangeComp
 } // namespace
 
 std::optional<StringRangeSchema> readStringRangeSchema(const SchemaDocument& document) {
-    if (containsPrefix(document.baseSchema, Vocabulary::setStringRange.prefix)) {
+    if (document.isOfFamily(Vocabulary::setStringRange.prefix)) {
         return StringRangeSchema{
             readConstant<SetStringRangeComponent>(document, allowedValuesKey, std::nullopt, readSet),
             document.schemaFormat};
     }
-    if (containsPrefix(document.baseSchema, Vocabulary::regexStringRange.prefix)) {
+    if (document.isOfFamily(Vocabulary::regexStringRange.prefix)) {
         return StringRangeSchema{RegexStringRangeComponent(std::string(readAnyStringConstant(document, regexKey))),
                                  document.schemaFormat};
     }

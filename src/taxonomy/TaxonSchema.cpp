@@ -9,7 +9,7 @@
 namespace Parameters {
 
 std::optional<TaxonSchema> readTaxonSchema(const BaseSchemas& family, const SchemaDocument& document) {
-    if (!containsPrefix(document.baseSchema, family.prefix)) {
+    if (!document.isOfFamily(family.prefix)) {
         return std::nullopt;
     }
     return TaxonSchema{readStringConstant(document, Frame::name), document.schemaFormat};

@@ -47,10 +47,10 @@ public:
 };
 
 Kind kindOf(const SchemaDocument& document) {
-    if (containsPrefix(document.baseSchema, dimensionPrefix)) {
+    if (document.isOfFamily(dimensionPrefix)) {
         return Kind::Dimension;
     }
-    if (containsPrefix(document.baseSchema, unitPrefix)) {
+    if (document.isOfFamily(unitPrefix)) {
         return Kind::Unit;
     }
     document.fail(concat({"Schema ", document.typeId, " does not represent a unit or a dimension."}));
