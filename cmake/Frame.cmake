@@ -13,7 +13,6 @@ add_library(parameters_frame OBJECT
     ${parameters_sources}/schema/JSONWriter.cpp
     ${parameters_sources}/schema/SchemaDocument.cpp
     ${parameters_sources}/schema/SchemaDocumentWriting.cpp
-    ${parameters_sources}/base/LargePages.cpp
     ${parameters_sources}/base/TextArena.cpp
     ${parameters_sources}/base/TypeIdMap.cpp)
 parameters_library_defaults(parameters_frame)

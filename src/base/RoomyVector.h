@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/LargePages.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <vector>
@@ -9,10 +7,10 @@
 namespace Parameters {
 
 /// A vector whose copies have room for some more: what is first added to a copy of many items need not move them all.
-template <class Item> class RoomyVector : public std::vector<Item, RoomyAllocator<Item>> {
+template <class Item> class RoomyVector : public std::vector<Item> {
 public:
     RoomyVector() noexcept = default;
-    RoomyVector(const RoomyVector& other) : std::vector<Item, RoomyAllocator<Item>>() {
+    RoomyVector(const RoomyVector& other) : std::vector<Item>() {
         if (!other.empty()) {
             this->reserve(other.size() + roomOfCopy(other.size()));
             this->insert(this->end(), other.begin(), other.end());

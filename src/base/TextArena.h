@@ -45,7 +45,7 @@ public:
 
 private:
     [[nodiscard]] char* takeRoom(std::size_t size);
-    void startBlock(std::size_t size);
+    void startBlock(std::size_t needed);
     void swap(TextArena& other) noexcept;
 
     std::vector<std::shared_ptr<char>> blocks_;

@@ -252,7 +252,7 @@ private:
         while (count < 2 * needed) {
             count *= 2;
         }
-        const auto former = std::exchange(slots_, std::vector<Slot, RoomyAllocator<Slot>>(count));
+        const auto former = std::exchange(slots_, std::vector<Slot>(count));
         longestWay_ = 0;
         for (const Slot& slot : former) {
             if (slot.entry != vacant) {
@@ -301,7 +301,7 @@ private:
 
     TextArena longTypeIds_;
     RoomyVector<Entry> entries_;
-    std::vector<Slot, RoomyAllocator<Slot>> slots_;
+    std::vector<Slot> slots_;
     /// How far an entry may be from the slot that its hash asks for. Look-ups go no further.
     std::size_t longestWay_ = 0;
     bool isStrong_ = false;

@@ -66,7 +66,7 @@ private:
 
 /// Prefetches, step by step, what the items some places behind a position will need.
 template <class Kind>
-void prefetchAhead(const Registry& registry, UnitFinder& units, RoomyVector<PendingItem<typename Kind::Body>>& items,
+void prefetchAhead(const Registry& registry, UnitFinder& units, std::vector<PendingItem<typename Kind::Body>>& items,
                    std::size_t position) {
     constexpr std::size_t stepSize = 3;
     const auto visitAhead = [&](std::size_t steps, const auto& visit) {
@@ -111,7 +111,7 @@ template <class Kind> void stagePending(Registry& registry, ResolutionScope& sco
 }
 
 /// Only now do all categories stand, so that a parent may come behind its subcategory.
-void checkSubcategoryParents(const StoreList<Category>& stores, const RoomyVector<FinishedItem<Category>>& categories) {
+void checkSubcategoryParents(const StoreList<Category>& stores, const std::vector<FinishedItem<Category>>& categories) {
     const auto typeIdOfItem = [](const auto& item) -> const std::string& { return typeIdOf(item.object); };
     forEachUntilFault(categories, typeIdOfItem, [&](const auto& item) {
         const std::string* parentTypeId = parentOf(item.object);
