@@ -22,8 +22,9 @@ struct EngineImpl {
     /// each of the many that may refer to one, would take an import quadratic time.
     ObjectSet listed;
 
-    [[nodiscard]] bool isRegistered(const std::string& typeId) const {
-        return isKnownHere(typeId) || units.isRegistered(typeId);
+    [[nodiscard]] bool isRegistered(const std::string& typeId) const { return isRegistered(typeId, typeId); }
+    [[nodiscard]] bool isRegistered(const std::string& typeId, const TypeIdKey& key) const {
+        return isKnownHere(key) || units.isRegistered(typeId);
     }
 
     /// Whether it is registered, or built in, without the units library.

@@ -2,8 +2,10 @@
 #include "engine/Dependencies.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace Parameters {
@@ -22,26 +24,30 @@ public:
     /// Works off the typeids, and what they lead to, smallest first.
     void findClosure(TypeIds work) {
         while (!work.empty()) {
-            const std::string& typeId = *worked_.insert(work.extract(work.begin())).position;
-            const bool settled = copyUnitsItem(typeId) || !context_.isRegistered(typeId) ||
-                                 engine_.isRegistered(typeId) || toCopy_.find(typeId) != toCopy_.end();
+            const auto worked = worked_.insert(work.extract(work.begin()));
+            const std::string& typeId = *worked.position;
+            const TypeIdKey key(typeId);
+            const bool settled = !worked.inserted || copyUnitsItem(typeId) || !context_.isRegistered(typeId, key) ||
+                                 engine_.isRegistered(typeId, key);
             if (settled) {
                 continue;
             }
-            const bool found = context_.primary.visitFinished(typeId, [&](auto kind, const auto& item) {
-                collectDependencies<decltype(kind)>(item.object, context_, dependencies_);
-            });
-            if (!found) {
+            const ItemLocation* location = context_.primary.findFinished(key);
+            if (location == nullptr) {
                 throwUnknownTypeId(typeId);
             }
+            context_.primary.visitAt(*location, [&](auto kind, const auto& item) {
+                collectDependencies<decltype(kind)>(item.object, context_, dependencies_);
+            });
             work.merge(std::exchange(dependencies_.typeIds, {}));
-            toCopy_.insert(typeId);
+            toCopy_.emplace(typeId, location);
         }
     }
 
     void copyFoundObjects() {
         ImportOrder::forEach([&](auto kind) { copyObjects<decltype(kind)>(); });
-        if (std::all_of(worked_.begin(), worked_.end(),
+        if (!dependencies_.listed.empty() &&
+            std::all_of(worked_.begin(), worked_.end(),
                         [&](const std::string& typeId) { return isHereToStay(typeId); })) {
             engine_.listed.merge(dependencies_.listed);
         }
@@ -60,10 +66,11 @@ private:
     /// Copies those of the objects found that are of the kind, with their texts, checked against all that the new
     /// engine will see.
     template <class Kind> void copyObjects() {
-        for (const std::string& typeId : toCopy_) {
-            if (const auto* item = context_.primary.find<Kind>(typeId)) {
-                const LookupScope scope(engine_.units, engine_.primary, engine_.imported, context_.primary);
-                engine_.imported.addObject<Kind>(Kind::validated(item->object, scope), item->text);
+        const LookupScope scope(engine_.units, engine_.primary, engine_.imported, context_.primary);
+        for (const auto& [typeId, location] : toCopy_) {
+            if (location->kind == kindNumber<Kind>) {
+                const auto& item = context_.primary.store<Kind>().finished[location->position];
+                engine_.imported.addObject<Kind>(Kind::validated(item.object, scope), item.text);
             }
         }
     }
@@ -84,7 +91,8 @@ private:
     EngineImpl& engine_;
     const EngineImpl& context_;
     TypeIds worked_;
-    TypeIds toCopy_;
+    /// By their typeids, which stand among those worked off.
+    std::map<std::string_view, const ItemLocation*> toCopy_;
     DependencyCollector dependencies_{isBuiltInTypeId};
 };
 
