@@ -225,6 +225,8 @@ void JSON::Document::TreeDeleter::operator()(Tree* tree) const noexcept {
     }
 }
 
+void* JSON::Document::allocate(std::size_t size) const { return tree_->pool.Malloc(size); }
+
 /// The JSON library's side of a handle.
 struct JSON::Access {
     static const Value& value(const JSON& json) {

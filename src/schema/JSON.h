@@ -120,6 +120,9 @@ public:
     [[nodiscard]] JSON root() const& noexcept { return root_; }
     JSON root() const&& = delete;
 
+    /// Memory for what lives as long as the tree and is never destroyed, aligned for pointers.
+    [[nodiscard]] void* allocate(std::size_t size) const;
+
 private:
     friend class JSON;
 

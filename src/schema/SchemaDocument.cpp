@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <initializer_list>
+#include <new>
 #include <set>
 
 namespace Parameters {
@@ -43,19 +44,26 @@ bool requireMember(const JSON& element, const JSON& id) {
     return element.isObject() && id.isString();
 }
 
+/// Members one behind the other, in memory of the document's tree.
+struct MemberArray {
+    SchemaMember* begin = nullptr;
+    SchemaMember* end = nullptr;
+
+    [[nodiscard]] std::size_t size() const noexcept { return static_cast<std::size_t>(end - begin); }
+};
+
 /// Tells whether an id stands among those before it.
 class RepetitionCheck {
 public:
     /// Takes the ids in turn.
-    [[nodiscard]] bool isRepeated(std::string_view id, const std::vector<SchemaMember>& before) {
+    [[nodiscard]] bool isRepeated(std::string_view id, const MemberArray& before) {
         // Few sections are longer than this, where looking at each is quicker.
         constexpr std::size_t shortSection = 32;
         if (before.size() < shortSection) {
-            return std::any_of(before.begin(), before.end(),
-                               [id](const SchemaMember& member) { return member.id == id; });
+            return std::any_of(before.begin, before.end, [id](const SchemaMember& member) { return member.id == id; });
         }
         while (seen_.size() < before.size()) {
-            seen_.insert(before[seen_.size()].id);
+            seen_.insert(before.begin[seen_.size()].id);
         }
         return seen_.find(id) != seen_.end();
     }
@@ -73,8 +81,8 @@ void ignoreMembers(const JSON& object, std::initializer_list<std::string_view> k
     }
 }
 
-std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key) {
-    const JSON array = root.getMember(key);
+MemberArray readMemberArray(const JSON::Document& tree, std::string_view key) {
+    const JSON array = tree.root().getMember(key);
     if (!array.exists()) {
         return {};
     }
@@ -82,8 +90,8 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
         array.report(Rule::WrongType, concat({"Expected schema ", key, " to be an array."}));
         return {};
     }
-    std::vector<SchemaMember> members;
-    members.reserve(array.getSize());
+    auto* const room = static_cast<SchemaMember*>(tree.allocate(array.getSize() * sizeof(SchemaMember)));
+    MemberArray members{room, room};
     RepetitionCheck repetitions;
     for (std::uint32_t i = 0; i < array.getSize(); ++i) {
         const JSON element = array.getElement(i);
@@ -98,28 +106,28 @@ std::vector<SchemaMember> readMemberArray(const JSON& root, std::string_view key
             ignoreMembers(element, {Frame::value, Frame::typedValue, Frame::typeId});
             continue;
         }
-        members.push_back({idText, element});
+        new (members.end++) SchemaMember{idText, element};
     }
     return members;
 }
 
-SchemaMembers readConstants(const JSON& root) {
-    std::vector<SchemaMember> constants = readMemberArray(root, Frame::constants);
-    for (SchemaMember& constant : constants) {
-        JSON value = constant.json.getMember(Frame::value);
+MemberArray readConstants(const JSON::Document& tree) {
+    MemberArray constants = readMemberArray(tree, Frame::constants);
+    for (SchemaMember* constant = constants.begin; constant != constants.end; ++constant) {
+        JSON value = constant->json.getMember(Frame::value);
         if (!value.exists()) {
-            value = constant.json.getMember(Frame::typedValue);
+            value = constant->json.getMember(Frame::typedValue);
         }
         if (!value.exists()) {
-            constant.json.report(Rule::MissingMember,
-                                 "A property definition must contain either a value or a typedValue.");
+            constant->json.report(Rule::MissingMember,
+                                  "A property definition must contain either a value or a typedValue.");
         }
-        ignoreMembers(constant.json, {Frame::typeId});
-        constant.json = value;
+        ignoreMembers(constant->json, {Frame::typeId});
+        constant->json = value;
     }
     const auto isMissing = [](const SchemaMember& constant) { return !constant.json.exists(); };
-    constants.erase(std::remove_if(constants.begin(), constants.end(), isMissing), constants.end());
-    return {Frame::constants, std::move(constants), root.observer()};
+    constants.end = std::remove_if(constants.begin, constants.end, isMissing);
+    return constants;
 }
 
 void readFormat(const JSON& root, SchemaDocument& document) {
@@ -156,9 +164,9 @@ std::string_view readBaseSchema(const JSON& root) {
 } // namespace
 
 const JSON* SchemaMembers::find(std::string_view id) const {
-    const auto place =
-        std::find_if(members_.begin(), members_.end(), [id](const SchemaMember& member) { return member.id == id; });
-    const SchemaMember* found = place != members_.end() ? &*place : nullptr;
+    const SchemaMember* const place =
+        std::find_if(begin_, end_, [id](const SchemaMember& member) { return member.id == id; });
+    const SchemaMember* const found = place != end_ ? place : nullptr;
     if (observer_ != nullptr) {
         observer_->askedForEntry(section_, id, found);
     }
@@ -167,8 +175,8 @@ const JSON* SchemaMembers::find(std::string_view id) const {
 
 std::vector<const SchemaMember*> SchemaMembers::sorted() const {
     std::vector<const SchemaMember*> order;
-    order.reserve(members_.size());
-    for (const SchemaMember& member : members_) {
+    order.reserve(static_cast<std::size_t>(end_ - begin_));
+    for (const SchemaMember& member : *this) {
         order.push_back(&member);
         if (observer_ != nullptr) {
             observer_->askedForEntry(section_, member.id, &member);
@@ -212,12 +220,12 @@ SchemaDocument readSchemaDocument(JSON::Document tree) {
         document.baseSchema = readBaseSchema(root);
         document.hasInnerBeginning = document.baseSchema.find(Vocabulary::beginning, 1) != std::string_view::npos;
     }
-    document.constants = readConstants(root);
-    const auto readMemberSection = [&](std::string_view section) {
-        return SchemaMembers(section, readMemberArray(root, section), root.observer());
+    const auto section = [&](std::string_view key, const MemberArray& members) {
+        return SchemaMembers(key, members.begin, members.end, root.observer());
     };
-    document.properties = readMemberSection(Frame::properties);
-    document.enumItems = readMemberSection(Frame::enumItems);
+    document.constants = section(Frame::constants, readConstants(document.tree));
+    document.properties = section(Frame::properties, readMemberArray(document.tree, Frame::properties));
+    document.enumItems = section(Frame::enumItems, readMemberArray(document.tree, Frame::enumItems));
     return document;
 }
 

@@ -23,27 +23,29 @@ struct SchemaMember {
     JSON json;
 };
 
-/// The entries of one section, in the order of the document.
+/// The entries of one section, in the order of the document. They stand with its tree.
 class SchemaMembers {
 public:
-    SchemaMembers() = default;
+    SchemaMembers() noexcept = default;
     /// Takes the section's name, its members, which hold no id twice, and who is told what is asked for, or null.
-    SchemaMembers(std::string_view section, std::vector<SchemaMember> members, ReadingObserver* observer) noexcept
-        : section_(section), members_(std::move(members)), observer_(observer) {}
+    SchemaMembers(std::string_view section, const SchemaMember* begin, const SchemaMember* end,
+                  ReadingObserver* observer) noexcept
+        : section_(section), begin_(begin), end_(end), observer_(observer) {}
 
     [[nodiscard]] const JSON* find(std::string_view id) const;
 
     /// In ascending order of their ids.
     [[nodiscard]] std::vector<const SchemaMember*> sorted() const;
 
-    [[nodiscard]] bool empty() const noexcept { return members_.empty(); }
+    [[nodiscard]] bool empty() const noexcept { return begin_ == end_; }
     /// In the order of the document.
-    [[nodiscard]] auto begin() const noexcept { return members_.begin(); }
-    [[nodiscard]] auto end() const noexcept { return members_.end(); }
+    [[nodiscard]] const SchemaMember* begin() const noexcept { return begin_; }
+    [[nodiscard]] const SchemaMember* end() const noexcept { return end_; }
 
 private:
     std::string_view section_;
-    std::vector<SchemaMember> members_;
+    const SchemaMember* begin_ = nullptr;
+    const SchemaMember* end_ = nullptr;
     ReadingObserver* observer_ = nullptr;
 };
 
