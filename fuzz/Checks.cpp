@@ -4,6 +4,7 @@
 #include "schema/DataModels.h"
 #include "support/FinishedObjects.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -38,6 +39,15 @@ struct LimitsNothing {
     }
 };
 
+/// Whether a boundary came out too big for a double when it was read. Its object keeps the text that said it, but no
+/// number of JSON is written for it.
+struct HasInfiniteBoundary {
+    template <class Range> bool operator()(const Range& /*range*/) const { return false; }
+    bool operator()(const FloatRange& range) const {
+        return std::isinf(range.getBottomBoundary()) || std::isinf(range.getTopBoundary());
+    }
+};
+
 /// Whether the object can be taken into an engine that has what it needs, and texts can say what it is.
 bool hasWrittenForm(const ParametersEngine& engine, const std::string& typeId, ParametersEngine needs) {
     const auto specs = engine.getAllSpecs();
@@ -55,7 +65,13 @@ bool hasWrittenForm(const ParametersEngine& engine, const std::string& typeId, P
         require(isSpec || isParameter || isNothingFound, "a finished object may be registered elsewhere", message);
         return false;
     }
-    if (isParameter && std::visit(LimitsNothing(), parameter->second.getRange())) {
+    if (isParameter && (std::visit(LimitsNothing(), parameter->second.getRange()) ||
+                        std::visit(HasInfiniteBoundary(), parameter->second.getRange()))) {
+        return false;
+    }
+    const auto floatRanges = engine.getAllFloatRanges();
+    const auto floatRange = floatRanges.find(typeId);
+    if (floatRange != floatRanges.end() && HasInfiniteBoundary()(floatRange->second)) {
         return false;
     }
     // Old and unknown bases of specs give no value type, which no text can say.
