@@ -144,9 +144,17 @@ private:
     std::size_t same_ = 0;
 };
 
+/// A side that could not be read at all: what the other has is neither new nor removed.
+bool isNothingRead(const Catalog& catalog) {
+    return catalog.files.documents.empty() && !catalog.files.unreadable.empty();
+}
+
 Status diff(const DiffOptions& options) {
     const Catalog before = loadForUse({{options.before}, {}, options.followsLinks});
     const Catalog after = loadForUse({{options.after}, {}, options.followsLinks});
+    if (isNothingRead(before) || isNothingRead(after)) {
+        return statusOf(before.report) | statusOf(after.report);
+    }
     CatalogComparison comparison(before, after, options.rules);
     comparison.run();
     comparison.print(options.format);

@@ -293,5 +293,6 @@ TEST(DiffCommand, TakesRulesAndReportsForPrograms) {
     folder.write("new.jsonl", "{");
     EXPECT_THAT(run({}), FieldsAre(1, HasSubstr("a: This group is removed."),
                                    StartsWith("parameters: new.jsonl:1:2: error: JSON parsing error")));
-    EXPECT_EQ(runTool({"diff", "old.jsonl", "absent.json"}, folder.path()).status, 2);
+    EXPECT_THAT(runTool({"diff", "old.jsonl", "absent.json"}, folder.path()),
+                FieldsAre(2, "", StartsWith("parameters: absent.json: error: Cannot be read: ")));
 }
